@@ -1,0 +1,85 @@
+// One editing session without a window: everything that commands, gestures and dialogs need, passed
+// by reference. There is no global state.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "editor/EditorHost.h"
+#include "editor/Prompts.h"
+#include "files/Settings.h"
+#include "scene/Scene.h"
+#include "scene/mTextureCoords.h"
+#include "textures/core/TextureLibrary.h"
+#include "views/core/Camera.h"
+#include "views/core/DepthRange.h"
+#include "views/core/ViewState.h"
+
+namespace korvane {
+
+enum class GaugeLevel { None, HI, LO };
+
+/// State of the mouse gesture on a 2D view; one set for all three.
+struct ViewGesture {
+    float lastX = 0;  ///< pixel position of the last press or pan step
+    float lastY = 0;
+    Vec3 dragStart;         ///< world point at the press
+    bool creating = false;  ///< a left press began the rectangle of a new brush
+    bool dragging = false;  ///< the left button is down
+    bool panned = false;    ///< the right button has dragged since its press
+    int view = 0;           ///< the view of the press
+};
+
+/// State of the mouse gesture on the depth gauge.
+struct GaugeGesture {
+    GaugeLevel level = GaugeLevel::None;
+    float previous = 0;  ///< world value of the pointer at the previous step
+    float lastY = 0;     ///< pixels
+};
+
+/// The session.
+struct Editor {
+    /// The session asks through these two, which must outlive it.
+    Editor(EditorHost& editorHost, Prompts& userPrompts) : host(editorHost), prompts(userPrompts) {}
+
+    EditorHost& host;
+    Prompts& prompts;
+
+    Scene scene;
+    TextureLibrary textures;
+    Settings settings;
+
+    std::array<ViewState, kViewCount> views;
+    ViewState gauge;      ///< only the vertical components are used
+    float splitX = 0.5F;  ///< position of the four-way split, 0..1
+    float splitY = 0.5F;
+    Camera camera;
+    DepthRange depthRange;
+    Vec3 CursorPoint;  ///< world point under the mouse
+    ViewGesture gesture;
+    GaugeGesture gaugeGesture;
+
+    std::string programFolder;      ///< UTF-8; holds ObjTextures, ObjCache, Help, ends in no slash
+    std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene
+    bool SceneModified = false;     ///< changes not yet saved
+    /// The file at CurrentObjectPath was chosen but could not be understood: Save must not
+    /// overwrite it without asking.
+    bool currentFileForeign = false;
+
+    TextureSpace Space() const { return {textures, settings.TextureScale}; }
+};
+
+/// The common refresh that ends almost every command: RedrawAllViews, command states and title,
+/// then the property panel.
+void RefreshAll(Editor& editor);
+
+/// Requests a redraw of the three 2D views, the depth gauge and the preview.
+void RedrawAllViews(Editor& editor);
+
+/// Called by a command just before it changes the scene.
+void TakeUndoSnapshot(Editor& editor);
+
+/// The window title: "Korvane - NAME", with "*" while there are unsaved changes.
+std::string WindowTitle(const Editor& editor);
+
+}  // namespace korvane

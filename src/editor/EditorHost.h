@@ -1,0 +1,60 @@
+// What an editing session asks of its outside. The window implements it; tests record it.
+#pragma once
+
+#include <string>
+
+namespace korvane {
+
+/// Screens to be redrawn, as a set of bits.
+enum RedrawSet : unsigned {
+    RedrawTop = 1,
+    RedrawLeft = 2,
+    RedrawFront = 4,
+    RedrawDepthGauge = 8,
+    RedrawPreview = 16,
+    RedrawAll = 31
+};
+
+/// The bit of one 2D view.
+constexpr unsigned RedrawView(int view) {
+    return 1U << view;
+}
+
+/// Windows that a command opens.
+enum class Form { ArbitrarySize };
+
+/// The session's outside. Every call is a request: nothing is painted from inside it.
+class EditorHost {
+  public:
+    virtual ~EditorHost() = default;
+
+    /// Marks screens dirty; they are painted once in the next turn of the event loop, in the order
+    /// Top, Left, Front, depth gauge, preview.
+    virtual void RequestRedraw(unsigned redrawSet) = 0;
+
+    /// Brings title, enabling and checks of all commands in line with the session.
+    virtual void ShowCommandStates() = 0;
+
+    /// Fills the property panel from the selection.
+    virtual void RefreshPropertyPanel() = 0;
+
+    /// Places the panes anew for the current view layout and split, then redraws all.
+    virtual void LayoutPanes() = 0;
+
+    /// Shows the text in status bar panel 0..4.
+    virtual void ShowStatus(int panel, const std::string& text) = 0;
+
+    /// Opens a window; a modal one returns when it is closed.
+    virtual void OpenForm(Form form) = 0;
+
+    /// Opens a document with the program the system has for it.
+    virtual void OpenDocument(const std::string& path) = 0;
+
+    /// Gives the keyboard focus back to the views.
+    virtual void FocusViews() = 0;
+
+    /// Asks the main window to close.
+    virtual void CloseWindow() = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,68 @@
+// The command table: one row for everything a menu item or tool button does. Menus, both tool bars
+// and the enabling rules are read from it; adding a command is adding a row.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "editor/Editor.h"
+
+namespace korvane {
+
+/// When a command can be used.
+enum class EnabledWhen {
+    Always,
+    Selection,  ///< at least one brush is selected
+    Clipboard,  ///< at least one brush was copied
+    UndoAvailable,
+    TwoBrushes,  ///< the scene holds at least two brushes
+    NotYet       ///< the capability is still to come; the entry stands there disabled
+};
+
+/// Checked state that a command shows in its menu item and tool button.
+enum class CheckKind { None, Toggle, Radio };
+
+enum class Bar { None, ToolBar, EditBar };
+
+/// A button of a bar that runs the command.
+struct ToolButton {
+    Bar bar = Bar::None;
+    int index = 0;             ///< place in the bar, separators not counted
+    const char* tooltip = "";  ///< UTF-8
+    const char* statusText =
+        "";  ///< shown in status bar panel 0 while the mouse is over the button
+    bool separatorAfter = false;
+};
+
+/// One command. Texts are UTF-8; captions carry no mnemonic unless they show "&".
+struct Command {
+    const char* name;  ///< "mnuSave": object name of the action, and of its icon file
+    const char* menu;  ///< object name of the menu it stands in
+    const char* caption;
+    EnabledWhen enabled;
+    CheckKind check;
+    bool (*checked)(const Editor&);  ///< null without a check
+    void (*run)(Editor&);            ///< null exactly for NotYet
+    ToolButton button;
+    bool separatorBefore = false;  ///< a separator stands before the menu item
+};
+
+/// A menu or sub-menu.
+struct Menu {
+    const char* name;
+    const char* caption;
+    const char* parent;  ///< object name of the menu it stands in; null in the menu bar
+    const char* before;  ///< the command or menu it stands before in its parent; null: at the end
+};
+
+/// All menus and all commands, in menu order.
+std::span<const Menu> Menus();
+std::span<const Command> Commands();
+
+/// The command of that name, or null.
+const Command* FindCommand(std::string_view name);
+
+/// Whether the command can be used now.
+bool IsEnabled(const Command& command, const Editor& editor);
+
+}  // namespace korvane

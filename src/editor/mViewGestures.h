@@ -1,0 +1,49 @@
+// Mouse gestures on the 2D views and the depth gauge as a state machine: press, move, release in,
+// changes and redraw requests out.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "editor/Editor.h"
+
+namespace korvane {
+
+enum class MouseButton { None, Left, Right, Middle };
+
+enum Modifiers : unsigned { NoModifier = 0, ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
+
+/// A mouse event on a surface, in its (logical) pixels.
+struct MouseInput {
+    MouseButton button = MouseButton::None;  ///< pressed or released one; for a move the one held
+    unsigned modifiers = NoModifier;
+    float x = 0;
+    float y = 0;
+};
+
+void PressView(Editor& editor, int view, const MouseInput& mouse);
+void MoveOverView(Editor& editor, int view, const MouseInput& mouse);
+void ReleaseView(Editor& editor, int view, const MouseInput& mouse);
+
+/// Ends the gesture without an effect: Escape, or the window lost the mouse.
+void CancelViewGesture(Editor& editor);
+
+void PressGauge(Editor& editor, const MouseInput& mouse);
+void MoveOverGauge(Editor& editor, const MouseInput& mouse);
+void ReleaseGauge(Editor& editor, const MouseInput& mouse);
+
+/// What a creation drag shows over its view: the rectangle in the view's pixels and three texts.
+struct RubberBand {
+    double x1 = 0;  ///< x1 <= x2, y1 <= y2
+    double y1 = 0;
+    double x2 = 0;
+    double y2 = 0;
+    std::string size;   ///< two text heights above (x1, y1)
+    std::string start;  ///< one text height above (x1, y1)
+    std::string end;    ///< below (x2, y2), ending at x2
+};
+
+/// The rubber band to show over the view, if a creation drag runs there.
+std::optional<RubberBand> CurrentRubberBand(const Editor& editor, int view);
+
+}  // namespace korvane

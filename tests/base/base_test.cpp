@@ -1,0 +1,91 @@
+// Rounding, number texts and single-byte text.
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "base/Flag16.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/SingleByteText.h"
+
+namespace korvane {
+namespace {
+
+TEST(Flag16Test, OnlyMinusOneIsTrue) {
+    EXPECT_TRUE(Flag16(true));
+    EXPECT_EQ(Flag16(true).raw, -1);
+    for (const std::int16_t raw : {0, 1, 2, -2, 255}) EXPECT_FALSE(Flag16::FromRaw(raw)) << raw;
+}
+
+TEST(RoundingTest, FloorAndHalfToEvenDiffer) {
+    struct Row {
+        double x, floor, round;
+    };
+    for (const Row& row : {Row{0.5, 0, 0}, Row{1.5, 1, 2}, Row{2.5, 2, 2}, Row{-0.5, -1, 0},
+                           Row{-1.5, -2, -2}, Row{-0.2, -1, 0}, Row{3, 3, 3}}) {
+        EXPECT_EQ(Int(row.x), row.floor) << row.x;
+        EXPECT_EQ(Round(row.x), row.round) << row.x;
+    }
+    EXPECT_EQ(Round(0.125, 2), 0.12);
+    EXPECT_EQ(Round(0.375, 2), 0.38);
+    EXPECT_EQ(Round(1.70710678, 2), 1.71);
+}
+
+TEST(RoundingTest, IntegersAreClamped) {
+    EXPECT_EQ(RoundToInt(1e300), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(FloorToInt(-1e300), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(RoundToInt(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+TEST(NumberTextTest, FixedFormats) {
+    EXPECT_EQ(FormatFixed(0, 1, 1), "0.0");
+    EXPECT_EQ(FormatFixed(-0.04, 1, 1), "0.0");
+    EXPECT_EQ(FormatFixed(-12.5, 1, 1), "-12.5");
+    EXPECT_EQ(FormatFixed(2, 1, 2), "2.0");
+    EXPECT_EQ(FormatFixed(2.25, 1, 2), "2.25");
+    EXPECT_EQ(FormatFixed(1.1F, 1, 2), "1.1");
+    EXPECT_EQ(FormatFixed(3.14159, 2, 2), "3.14");
+    EXPECT_EQ(FormatFixed(7, 0, 0), "7");
+    EXPECT_EQ(FormatPadded(7, 4), "0007");
+    EXPECT_EQ(FormatPadded(10000, 4), "10000");
+    EXPECT_EQ(FormatGeneral(0.1F), "0.1");
+    EXPECT_EQ(FormatGeneral(4.0F), "4");
+    EXPECT_EQ(FormatGeneral(-0.0F), "0");
+}
+
+TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {
+    struct Row {
+        const char* text;
+        double value;
+    };
+    for (const Row& row : {Row{"12", 12}, Row{" 3.6 sides", 3.6}, Row{"-.5", -0.5}, Row{"abc", 0},
+                           Row{"", 0}, Row{"1,5", 1}, Row{"+7", 7}, Row{"1e2", 100}, Row{"inf", 0},
+                           Row{"nan", 0}, Row{"--3", 0}, Row{"-inf", 0}}) {
+        EXPECT_EQ(NumericValue(row.text), row.value) << row.text;
+    }
+}
+
+TEST(SingleByteTextTest, EveryByteSurvivesTheRoundTrip) {
+    std::string bytes;
+    for (int b = 0; b < 256; ++b) bytes += static_cast<char>(b);
+    EXPECT_EQ(ToSingleByte(FromSingleByte(bytes)), bytes);
+    EXPECT_EQ(CharacterCount(FromSingleByte(bytes)), 256U);
+}
+
+TEST(SingleByteTextTest, CharactersOutsideTheCodePage) {
+    EXPECT_EQ(ToSingleByte("\u20AC"), "\x80");        // in the page, at 0x80
+    EXPECT_EQ(ToSingleByte("\u0416"), "\x16");        // Cyrillic: the low 8 bits of 0x0416
+    EXPECT_EQ(ToSingleByte("\xFFx"), "\xFFx");        // no UTF-8: kept
+    EXPECT_EQ(ToSingleByte("\xE2\x82"), "\xE2\x82");  // cut in the middle: kept
+}
+
+TEST(SingleByteTextTest, CaseIsIgnoredOverTheWholeCodePage) {
+    EXPECT_TRUE(EqualIgnoringCase("BRICK.jpg", "brick.JPG"));
+    EXPECT_TRUE(EqualIgnoringCase("Fu\u00DF\u00C4\u0160\u0178", "fu\u00DF\u00E4\u0161\u00FF"));
+    EXPECT_FALSE(EqualIgnoringCase("\u00D7", "\u00F7"));  // the multiplication sign is no letter
+    EXPECT_FALSE(EqualIgnoringCase("\u0416", "\u0436"));  // outside the page: compared as it is
+    EXPECT_EQ(UpperCase("mats\u00FF"), "MATS\u0178");
+}
+
+}  // namespace
+}  // namespace korvane

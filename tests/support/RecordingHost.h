@@ -1,0 +1,85 @@
+// The outside of a session for tests: prepared answers in, recorded requests out.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "editor/EditorHost.h"
+#include "editor/Prompts.h"
+
+namespace korvane::test {
+
+/// Records what the session asks of its window.
+struct RecordingHost : EditorHost {
+    unsigned redraws = 0;  ///< union of all requests since the last reset
+    int redrawRequests = 0;
+    int commandStateRefreshes = 0;
+    int panelRefreshes = 0;
+    int layouts = 0;
+    int closes = 0;
+    int focusReturns = 0;
+    std::map<int, std::string> status;
+    std::vector<Form> forms;
+    std::vector<std::string> documents;
+
+    void RequestRedraw(unsigned set) override {
+        redraws |= set;
+        ++redrawRequests;
+    }
+    void ShowCommandStates() override { ++commandStateRefreshes; }
+    void RefreshPropertyPanel() override { ++panelRefreshes; }
+    void LayoutPanes() override { ++layouts; }
+    void ShowStatus(int panel, const std::string& text) override { status[panel] = text; }
+    void OpenForm(Form form) override { forms.push_back(form); }
+    void OpenDocument(const std::string& path) override { documents.push_back(path); }
+    void FocusViews() override { ++focusReturns; }
+    void CloseWindow() override { ++closes; }
+};
+
+/// Answers prompts from queues and keeps what was asked. An unexpected question gets the answer a
+/// user gives by closing the box.
+struct ScriptedPrompts : Prompts {
+    std::deque<Answer> answers;
+    std::deque<std::optional<std::string>> paths;
+    std::vector<Message> messages;
+    std::vector<FileDialog> openDialogs;
+    std::vector<FileDialog> saveDialogs;
+
+    Answer ShowMessage(const Message& message) override {
+        messages.push_back(message);
+        if (answers.empty()) {
+            switch (message.buttons) {
+                case MessageButtons::Ok:
+                    return Answer::Ok;
+                case MessageButtons::YesNo:
+                    return Answer::No;
+                case MessageButtons::YesNoCancel:
+                    return Answer::Cancel;
+            }
+        }
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<std::string> AskOpenPath(const FileDialog& dialog) override {
+        openDialogs.push_back(dialog);
+        return NextPath();
+    }
+    std::optional<std::string> AskSavePath(const FileDialog& dialog) override {
+        saveDialogs.push_back(dialog);
+        return NextPath();
+    }
+
+  private:
+    std::optional<std::string> NextPath() {
+        if (paths.empty()) return std::nullopt;
+        auto path = paths.front();
+        paths.pop_front();
+        return path;
+    }
+};
+
+}  // namespace korvane::test
