@@ -6,9 +6,13 @@ void RedrawAllViews(Editor& editor) {
     editor.host.RequestRedraw(RedrawAll);
 }
 
+void UpdateCommandStates(Editor& editor) {
+    editor.host.ShowCommandStates();
+}
+
 void RefreshAll(Editor& editor) {
     RedrawAllViews(editor);
-    editor.host.ShowCommandStates();
+    UpdateCommandStates(editor);
     editor.host.RefreshPropertyPanel();
 }
 

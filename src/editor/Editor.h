@@ -73,6 +73,9 @@ struct Editor {
 /// then the property panel.
 void RefreshAll(Editor& editor);
 
+/// Enabling, checks and window title of all commands.
+void UpdateCommandStates(Editor& editor);
+
 /// Requests a redraw of the three 2D views, the depth gauge and the preview.
 void RedrawAllViews(Editor& editor);
 

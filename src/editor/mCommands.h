@@ -13,10 +13,7 @@ namespace korvane {
 enum class EnabledWhen {
     Always,
     Selection,  ///< at least one brush is selected
-    Clipboard,  ///< at least one brush was copied
-    UndoAvailable,
-    TwoBrushes,  ///< the scene holds at least two brushes
-    NotYet       ///< the capability is still to come; the entry stands there disabled
+    NotYet      ///< the capability is still to come; the entry stands there disabled
 };
 
 /// Checked state that a command shows in its menu item and tool button.
