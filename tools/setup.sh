@@ -1,0 +1,27 @@
+# Sourced by run.sh and test.sh: installs what is missing of the packages they name. Debian and its
+# children only; elsewhere the packages have to be there already.
+
+# need PACKAGE...: installs those of the Debian packages that are not there yet.
+need() {
+    command -v dpkg-query >/dev/null || return 0
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || { echo "Please install: ${missing[*]}" >&2; return 1; }
+        root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}"
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+        "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+            --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev libqt6svg6 libgl-dev libglu1-mesa-dev
+    libgtest-dev libgmock-dev libbenchmark-dev)
+run_packages=(libgl1-mesa-dri fonts-dejavu-core)
+display_packages=(xvfb openbox)
