@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -28,6 +29,8 @@ class FileWriter {
     void WriteTag(std::string_view tag);
     /// `count` bytes to be filled in by the caller; valid until the next write.
     std::uint8_t* Append(std::size_t count);
+    /// Replaces the Long at byte `at`, which was written before: for sizes known only later.
+    void SetLong(std::size_t at, std::int32_t value);
 
     const std::vector<std::uint8_t>& Bytes() const { return bytes_; }
     std::vector<std::uint8_t> TakeBytes() { return std::move(bytes_); }
@@ -71,15 +74,18 @@ class FileReader {
     bool good_ = true;
 };
 
-/// The whole file (UTF-8 path), or nothing when it can't be opened or read.
+/// The whole file (UTF-8 path), or nothing when it is no regular file, can't be read, or is longer
+/// than a cursor of 32 bits reaches (2^31 - 1 bytes).
 std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path);
 
 /// How hard SaveFile tries to have the bytes on the disk before it returns.
 enum class Durability { Synced, Cached };
 
 /// Stores the bytes as the whole content of the file (UTF-8 path): a temporary file beside it is
-/// written, flushed to the disk (unless Cached) and renamed over it. On failure the old file is
-/// left as it was, nothing else remains, and false is returned.
+/// written, flushed to the disk (unless Cached) and renamed over it. An existing file keeps its
+/// mode; a symbolic link stays and the file it names is replaced. Refused are an empty path, a
+/// folder or device, a file without write permission, and more bytes than LoadFile reads. On
+/// failure the old file is left as it was, nothing else remains, and false is returned.
 bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes,
               Durability durability = Durability::Synced);
 

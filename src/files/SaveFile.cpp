@@ -1,0 +1,155 @@
+// Loading and storing whole files. The only place of this floor that calls the operating system.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <limits>
+#include <string>
+
+#include "files/FileBuffer.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::size_t kLongestFile = std::numeric_limits<std::int32_t>::max();
+
+/// An open file, closed at the end of the scope.
+class Descriptor {
+  public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { Close(); }
+
+    int Get() const { return fd_; }
+    explicit operator bool() const { return fd_ >= 0; }
+
+    /// Some file systems report a failed write only here.
+    bool Close() {
+        const int fd = fd_;
+        fd_ = -1;
+        return fd < 0 || close(fd) == 0;
+    }
+
+  private:
+    int fd_;
+};
+
+/// The folder of the path, with its slash; empty for a bare name.
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/') + 1);
+}
+
+/// The path that symbolic links lead to in the end, whether or not a file is there; empty where
+/// they lead in a circle.
+std::string FollowLinks(std::string path) {
+    constexpr int kMostLinks = 40;
+    for (int i = 0; i < kMostLinks; ++i) {
+        std::string target(4096, '\0');
+        const ssize_t length = readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) return path;  // no link
+        target.resize(static_cast<std::size_t>(length));
+        path = target.starts_with('/') ? target : FolderOf(path) + target;
+    }
+    return {};
+}
+
+/// Creates a file of a name that is not in use yet; `name` receives it. Its mode is that of any
+/// new file, the umask applied by the system.
+int CreateTemporary(const std::string& folder, std::string& name) {
+    static std::atomic<unsigned> counter = 0;
+    constexpr int kAttempts = 1000;
+    for (int i = 0; i < kAttempts; ++i) {
+        name = folder + ".korvane-" + std::to_string(getpid()) + "-" + std::to_string(counter++) +
+               ".tmp";
+        const int fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd >= 0 || errno != EEXIST) return fd;
+    }
+    return -1;
+}
+
+bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// Waits until the file is on the disk. A file system that has no such operation is no failure.
+bool Flush(int fd) {
+    int result;
+    do {
+        result = fsync(fd);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == ENOSYS;
+}
+
+/// Gives the new file the mode of the one it replaces, and its owner where that is allowed.
+bool TakeOver(int fd, const struct stat& old) {
+    [[maybe_unused]] const int ownerKept = fchown(fd, old.st_uid, old.st_gid);
+    return fchmod(fd, old.st_mode & 07777) == 0;
+}
+
+/// Writes the temporary file in full; `old` is the file it will replace, or null.
+bool FillTemporary(int fd, std::span<const std::uint8_t> bytes, const struct stat* old,
+                   Durability durability) {
+    Descriptor file(fd);
+    return WriteAll(fd, bytes) && (!old || TakeOver(fd, *old)) &&
+           (durability == Durability::Cached || Flush(fd)) && file.Close();
+}
+
+/// Makes a rename in the folder last; where that is not possible the file is still whole.
+void FlushFolder(const std::string& folder) {
+    const Descriptor handle(
+        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (handle) Flush(handle.Get());
+}
+
+}  // namespace
+
+std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
+    // Not blocking: opening a pipe would wait for its writer.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat info;
+    if (!file || fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+    if (static_cast<std::uintmax_t>(info.st_size) > kLongestFile) return std::nullopt;
+
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(info.st_size));
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t got = read(file.Get(), bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return std::nullopt;
+        if (got == 0) break;  // cut short meanwhile
+        filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes, Durability durability) {
+    const std::string target = FollowLinks(path);
+    if (target.empty() || bytes.size() > kLongestFile) return false;
+    struct stat old;
+    const bool replaces = stat(target.c_str(), &old) == 0;
+    if (replaces && (!S_ISREG(old.st_mode) || access(target.c_str(), W_OK) != 0)) return false;
+
+    std::string temporary;
+    const int fd = CreateTemporary(FolderOf(target), temporary);
+    if (fd < 0) return false;
+    if (!FillTemporary(fd, bytes, replaces ? &old : nullptr, durability) ||
+        std::rename(temporary.c_str(), target.c_str()) != 0) {
+        unlink(temporary.c_str());
+        return false;
+    }
+    if (durability == Durability::Synced) FlushFolder(FolderOf(target));
+    return true;
+}
+
+}  // namespace korvane
