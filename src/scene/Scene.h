@@ -76,8 +76,9 @@ struct Brush {
     std::vector<BrushFace> faces;
 
     /// Changes whenever anything a view derives from this brush may have changed, selection of its
-    /// faces and vertices included, and is never the same for two different contents in one run. A
-    /// view may keep what it derived as long as the stamp stays. See Touch.
+    /// faces and vertices included, and is never the same for two different contents in one run; a
+    /// copy keeps it. A view may keep what it derived as long as the stamp stays. The brush's own
+    /// selected flag, name and group do not count: read them directly. See Touch.
     std::uint64_t revision = 0;
 };
 
@@ -96,7 +97,9 @@ struct Scene {
     std::int32_t clipboardCount() const { return static_cast<std::int32_t>(clipboard.size()); }
 };
 
-/// Gives the brush a fresh revision; every operation that changes a brush ends with it.
+/// Gives the brush a fresh revision; every operation that changes a brush ends with it. AddVertex
+/// and AddFace leave that to UpdateBrushNormals, which has to follow them; who writes fields
+/// directly calls it.
 void Touch(Brush& brush);
 
 /// Removes all brushes and empties the clipboard.
