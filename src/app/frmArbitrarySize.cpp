@@ -1,0 +1,58 @@
+#include "app/frmArbitrarySize.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include "editor/mArbitrarySize.h"
+
+namespace korvane {
+
+frmArbitrarySize::frmArbitrarySize(Editor& editor, QWidget* parent)
+    : QDialog(parent), editor_(editor), txtSides_(new QLineEdit(this)) {
+    setObjectName("frmArbitrarySize");
+    setWindowTitle("Arbitrarily Sided");
+    txtSides_->setObjectName("txtSides");
+    txtSides_->setValidator(
+        new QRegularExpressionValidator(QRegularExpression("[0-9]*"), txtSides_));
+    auto* lblSides =
+        new QLabel(QString("Number of &sides (%1 to %2):").arg(kLeastSides).arg(kMostSides), this);
+    lblSides->setObjectName("lblSides");
+    lblSides->setBuddy(txtSides_);
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* btnOkay = buttons->addButton("Okay", QDialogButtonBox::AcceptRole);
+    QPushButton* btnCancel = buttons->addButton("Cancel", QDialogButtonBox::RejectRole);
+    btnOkay->setObjectName("btnOkay");
+    btnOkay->setDefault(true);
+    btnCancel->setObjectName("btnCancel");
+    btnCancel->setAutoDefault(false);
+    connect(btnOkay, &QPushButton::clicked, this, &frmArbitrarySize::Confirm);
+    connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(lblSides);
+    column->addWidget(txtSides_);
+    column->addSpacing(6);
+    column->addWidget(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ShowSides();
+}
+
+void frmArbitrarySize::Confirm() {
+    if (SetArbitrarySides(editor_.scene, txtSides_->text().toStdString())) {
+        accept();
+        return;
+    }
+    editor_.prompts.ShowMessage(SidesOutOfRange());
+    ShowSides();
+}
+
+void frmArbitrarySize::ShowSides() {
+    txtSides_->setText(QString::number(editor_.scene.arbitrarySideCount));
+    txtSides_->selectAll();
+    txtSides_->setFocus();
+}
+
+}  // namespace korvane

@@ -1,0 +1,127 @@
+#include "app/frmMain.h"
+
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QUrl>
+
+#include "app/frmArbitrarySize.h"
+#include "app/frmStartUp.h"
+#include "app/mCommandActions.h"
+#include "app/mShutdown.h"
+#include "app/ucWorkspace.h"
+#include "editor/mViewGestures.h"
+#include "textures/ui/ucTextureList.h"
+#include "widgets/ucStatusBar.h"
+#include "widgets/ucToolBar.h"
+
+/// The icons lie in a static library, from which only a call from outside a namespace brings them.
+static void InitIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace korvane {
+namespace {
+
+constexpr QSize kDesignSize(1280, 960);
+constexpr QSize kLeastSize(640, 480);
+
+}  // namespace
+
+frmMain::frmMain(Prompts& prompts, const std::string& programFolder) : editor_(*this, prompts) {
+    InitIcons();
+    editor_.programFolder = programFolder;
+    setObjectName("frmMain");
+    actions_ = new CommandActions(editor_, this);
+    actions_->FillMenuBar(menuBar());
+    statusBar_ = new ucStatusBar(this);
+    setStatusBar(statusBar_);
+    BuildBars();
+    workspace_ = new ucWorkspace(editor_, context_, textures_, this);
+    setCentralWidget(workspace_);
+    setMinimumSize(kLeastSize);
+    resize(kDesignSize);
+    ShowCommandStates();
+}
+
+frmMain::~frmMain() {
+    delete takeCentralWidget();  // its surfaces refer to the session and the context
+}
+
+void frmMain::BuildBars() {
+    toolBar_ = new ucToolBar("ToolBar", "Files and Views", this);
+    editBar_ = new ucToolBar("EditBar", "Editing", this);
+    actions_->FillToolBar(Bar::ToolBar, toolBar_);
+    actions_->FillToolBar(Bar::EditBar, editBar_);
+    for (ucToolBar* bar : {toolBar_, editBar_}) {
+        connect(bar, &ucToolBar::Hovered, this,
+                [this](const QString& text) { statusBar_->SetText(0, text); });
+    }
+    addToolBar(toolBar_);
+    addToolBarBreak();
+    addToolBar(editBar_);
+}
+
+bool frmMain::StartUp(ContextMaker makeContext) {
+    frmStartUp log(editor_.programFolder + "/Korvane.log", this);
+    log.show();
+    if (!RunStartUp(*this, log, makeContext)) return false;
+    log.close();
+    editor_.SceneModified = false;
+    RefreshAll(editor_);
+    return true;
+}
+
+void frmMain::RequestRedraw(unsigned redrawSet) {
+    workspace_->MarkDirty(redrawSet);
+}
+
+void frmMain::ShowCommandStates() {
+    actions_->Refresh();
+    setWindowTitle(QString::fromStdString(WindowTitle(editor_)));
+}
+
+void frmMain::LayoutPanes() {
+    workspace_->LayoutPanes();
+}
+
+void frmMain::ShowStatus(int panel, const std::string& text) {
+    statusBar_->SetText(panel, QString::fromStdString(text));
+}
+
+void frmMain::OpenForm(Form form) {
+    switch (form) {
+        case Form::ArbitrarySize:
+            frmArbitrarySize(editor_, this).exec();
+            break;
+    }
+}
+
+void frmMain::OpenDocument(const std::string& path) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
+void frmMain::FocusViews() {
+    workspace_->FocusViews();
+}
+
+void frmMain::CloseWindow() {
+    close();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (!MayClose(editor_)) {
+        event->ignore();
+        return;
+    }
+    CloseRenderContext(editor_, context_);
+    event->accept();
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) CancelViewGesture(editor_);
+    QMainWindow::keyPressEvent(event);
+}
+
+}  // namespace korvane

@@ -1,0 +1,62 @@
+// The main window: it owns the session, shows it and translates what the user does.
+#pragma once
+
+#include <QMainWindow>
+
+#include "app/mStartUp.h"
+#include "editor/Editor.h"
+#include "views/ui/mOGL3D.h"
+
+namespace korvane {
+
+class CommandActions;
+class ucStatusBar;
+class ucToolBar;
+class ucWorkspace;
+
+class frmMain final : public QMainWindow, public EditorHost {
+    Q_OBJECT
+
+  public:
+    /// A window with an empty session. It asks its user through `prompts`, which must outlive it,
+    /// and looks for textures, help and log in `programFolder` (UTF-8).
+    frmMain(Prompts& prompts, const std::string& programFolder);
+    ~frmMain() override;
+
+    /// Runs the start-up sequence behind its log window; to be called once, before the window is
+    /// shown. False: the program cannot run, and the user has been told.
+    bool StartUp(ContextMaker makeContext = CreateRenderContext);
+
+    Editor& Session() { return editor_; }
+    RenderContext& Context() { return context_; }
+    TextureObjects& Textures() { return textures_; }
+    ucWorkspace& Workspace() { return *workspace_; }
+
+    void RequestRedraw(unsigned redrawSet) override;
+    void ShowCommandStates() override;
+    void RefreshPropertyPanel() override;
+    void LayoutPanes() override;
+    void ShowStatus(int panel, const std::string& text) override;
+    void OpenForm(Form form) override;
+    void OpenDocument(const std::string& path) override;
+    void FocusViews() override;
+    void CloseWindow() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void BuildBars();
+
+    RenderContext context_;
+    TextureObjects textures_;
+    Editor editor_;
+    CommandActions* actions_;
+    ucToolBar* toolBar_;
+    ucToolBar* editBar_;
+    ucWorkspace* workspace_;
+    ucStatusBar* statusBar_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,101 @@
+#include "app/mCommandActions.h"
+
+#include <QActionGroup>
+#include <QFile>
+#include <QIcon>
+#include <QMenu>
+#include <QMenuBar>
+#include <algorithm>
+#include <vector>
+
+#include "widgets/ucToolBar.h"
+
+namespace korvane {
+namespace {
+
+QIcon CommandIcon(const QString& name) {
+    const QString path = QString(":/icons/%1.svg").arg(name);
+    return QFile::exists(path) ? QIcon(path) : QIcon();
+}
+
+/// Neighbouring radio commands of one menu form a group, which menus show as such.
+void GroupRadios(QMenu* menu) {
+    QActionGroup* group = nullptr;
+    for (QAction* action : menu->actions()) {
+        const Command* command = FindCommand(action->objectName().toStdString());
+        if (command == nullptr || command->check != CheckKind::Radio) {
+            if (!action->isSeparator()) group = nullptr;
+            continue;
+        }
+        if (group == nullptr) group = new QActionGroup(menu);
+        group->addAction(action);
+    }
+}
+
+}  // namespace
+
+CommandActions::CommandActions(Editor& editor, QObject* parent) : QObject(parent), editor_(editor) {
+    for (const Command& command : Commands()) actions_[command.name] = MakeAction(command);
+}
+
+QAction* CommandActions::MakeAction(const Command& command) {
+    auto* action = new QAction(QString::fromUtf8(command.caption), this);
+    action->setObjectName(command.name);
+    action->setIcon(CommandIcon(command.name));
+    action->setToolTip(QString::fromUtf8(command.button.tooltip));
+    action->setMenuRole(QAction::NoRole);
+    if (command.check != CheckKind::None) {
+        action->setCheckable(true);
+        action->setIconVisibleInMenu(false);  // the check mark stands in its place
+    }
+    connect(action, &QAction::triggered, this, [this, &command] {
+        if (command.run != nullptr) command.run(editor_);
+        Refresh();
+    });
+    return action;
+}
+
+void CommandActions::Refresh() {
+    for (const Command& command : Commands()) {
+        QAction* action = Of(command.name);
+        action->setEnabled(IsEnabled(command, editor_));
+        if (command.checked != nullptr) action->setChecked(command.checked(editor_));
+    }
+}
+
+void CommandActions::FillMenuBar(QMenuBar* menuBar) {
+    std::map<std::string_view, QMenu*> menus;
+    for (const Menu& row : Menus()) {
+        menus[row.name] = new QMenu(QString::fromUtf8(row.caption), menuBar);
+        menus[row.name]->setObjectName(row.name);
+    }
+    for (const Command& command : Commands()) {
+        QMenu* menu = menus.at(command.menu);
+        if (command.separatorBefore) menu->addSeparator();
+        menu->addAction(Of(command.name));
+    }
+    for (const Menu& row : Menus()) {
+        if (row.parent == nullptr) {
+            menuBar->addMenu(menus[row.name]);
+            continue;
+        }
+        QMenu* parent = menus.at(row.parent);
+        QAction* before = row.before == nullptr ? nullptr : Of(row.before);
+        parent->insertMenu(before, menus[row.name]);
+    }
+    for (const auto& [name, menu] : menus) GroupRadios(menu);
+}
+
+void CommandActions::FillToolBar(Bar bar, ucToolBar* toolBar) const {
+    std::vector<const Command*> row;
+    for (const Command& command : Commands()) {
+        if (command.button.bar == bar) row.push_back(&command);
+    }
+    std::ranges::sort(row, {}, [](const Command* command) { return command->button.index; });
+    for (const Command* command : row) {
+        toolBar->AddButton(Of(command->name), QString::fromUtf8(command->button.statusText));
+        if (command->button.separatorAfter) toolBar->addSeparator();
+    }
+}
+
+}  // namespace korvane

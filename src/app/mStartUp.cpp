@@ -1,0 +1,168 @@
+#include "app/mStartUp.h"
+
+#include <QDate>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QScreen>
+#include <QTime>
+#include <filesystem>
+#include <string>
+
+#include "app/Version.h"
+#include "app/frmMain.h"
+#include "app/ucWorkspace.h"
+#include "editor/mViews.h"
+#include "textures/ui/ucTextureList.h"
+
+namespace korvane {
+namespace {
+
+struct Run {
+    frmMain& window;
+    StartUpLog& log;
+    ContextMaker makeContext;
+    OpenGLStrings driver;
+    bool failed = false;
+};
+
+std::string HeaderLine() {
+    return "Korvane v" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+           std::to_string(kVersionRevision) + " - " + kLegalNotice + " - " + kCompanyName;
+}
+
+std::string TimeLine() {
+    const QLocale locale = QLocale::system();
+    QString when = locale.toString(QDate::currentDate(), QLocale::ShortFormat) + " - " +
+                   locale.toString(QTime::currentTime(), QLocale::ShortFormat);
+    // Some locales put a narrow no-break space before AM and PM, which the log's code page lacks.
+    when.replace(QChar(0x202F), ' ');
+    return "START_UP(" + when.toStdString() + ") {";
+}
+
+std::string InitDefaults(Run& run) {
+    Editor& editor = run.window.Session();
+    editor.settings = Settings{};
+    const std::u8string folder(editor.programFolder.begin(), editor.programFolder.end());
+    for (const char8_t* name : {u8"ObjCache", u8"ObjTextures"}) {
+        std::error_code ignored;  // a read-only program folder is no reason to give up
+        std::filesystem::create_directory(std::filesystem::path(folder) / name, ignored);
+    }
+    return "Okay";
+}
+
+/// No settings outlive a run so far: the defaults stay, and the log says so.
+std::string InitUserPreferences(Run&) {
+    return "Failed!";
+}
+
+std::string InitRenderContext(Run& run) {
+    constexpr std::uint8_t kColorBits = 32, kDepthBits = 32;
+    run.failed = run.makeContext(run.window.Context(), kColorBits, kDepthBits) < 0;
+    if (run.failed) return "FAILED!";
+    run.driver = QueryOpenGLStrings(run.window.Context());
+    return "Okay";
+}
+
+std::string Renderer(Run& run) {
+    return run.driver.renderer;
+}
+std::string Vendor(Run& run) {
+    return run.driver.vendor;
+}
+std::string DriverVersion(Run& run) {
+    return run.driver.version;
+}
+
+std::string ListExtensions(Run& run) {
+    for (const std::string& name : run.driver.extensions) run.log.AddText("            " + name);
+    return {};
+}
+
+std::string InitOpenGLDefaults(Run& run) {
+    ApplyGLDefaults(run.window.Context());
+    ApplyColorMaterial(run.window.Context());
+    return "Okay";
+}
+
+std::string InitLights(Run& run) {
+    ApplyLights(run.window.Context(), true);
+    return "Okay";
+}
+
+std::string LoadMaterialMaps(Run& run) {
+    run.window.LoadTextures(run.log);
+    return {};
+}
+
+std::string InitViewPorts(Run& run) {
+    run.window.LayoutPanes();  // the views are centred by their sizes
+    ResetAllViews(run.window.Session());
+    return "Okay";
+}
+
+std::string InitColorScheme(Run& run) {
+    run.window.ApplyColorScheme();
+    return "Okay";
+}
+
+std::string InitWindowState(Run& run) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    run.window.resize(run.window.size().boundedTo(screen.size()));
+    QRect place(QPoint(), run.window.size());
+    place.moveCenter(screen.center());
+    run.window.move(place.topLeft());
+    return "DEFAULT";
+}
+
+/// A line of the log and the work behind it, whose verdict completes the line.
+struct Step {
+    const char* line;
+    std::string (*run)(Run&);  ///< null for a line that stands alone
+};
+
+constexpr Step kSteps[] = {
+    {"    INIT_Defaults: ", InitDefaults},
+    {"    INIT_User_Preferences: ", InitUserPreferences},
+    {"    INIT_OpenGL {", nullptr},
+    {"        INIT_OpenGL_Render_Context: ", InitRenderContext},
+    {"        INFO_OpenGL_Renderer: ", Renderer},
+    {"        INFO_OpenGL_Vendor: ", Vendor},
+    {"        INFO_OpenGL_Version: ", DriverVersion},
+    {"        INFO_OpenGL_Extentions {", ListExtensions},
+    {"        }", nullptr},
+    {"        INIT_OpenGL_Defaults: ", InitOpenGLDefaults},
+    {"        INIT_OpenGL_Lights: ", InitLights},
+    {"    }", nullptr},
+    {"    INIT_Material_Maps {", LoadMaterialMaps},
+    {"    }", nullptr},
+    {"    INIT_2D_View_Ports: ", InitViewPorts},
+    {"    INIT_Color_Scheme: ", InitColorScheme},
+    {"    INIT_Window_State: ", InitWindowState},
+    {"}", nullptr},
+    {"ALL_SYSTEMS_GO", nullptr},
+};
+
+void TellNoContext(Prompts& prompts) {
+    prompts.ShowMessage({"Fatal Error: Could not create an OpenGL Render Context!", "Fatal Error!",
+                         MessageIcon::Stop, MessageButtons::Ok});
+}
+
+}  // namespace
+
+bool RunStartUp(frmMain& window, StartUpLog& log, ContextMaker makeContext) {
+    Run run{window, log, makeContext, {}};
+    log.AddText(HeaderLine());
+    log.AddText(TimeLine());
+    for (const Step& step : kSteps) {
+        log.AddText(step.line);
+        if (step.run == nullptr) continue;
+        log.AppendText(step.run(run));
+        if (run.failed) {
+            TellNoContext(window.Session().prompts);
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace korvane

@@ -1,0 +1,96 @@
+#include "platform/QtPrompts.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace korvane {
+namespace {
+
+QMessageBox::Icon BoxIcon(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::Stop:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// The buttons of a box, and the one that closing it stands for.
+struct BoxButtons {
+    QMessageBox::StandardButtons shown;
+    QMessageBox::StandardButton onClose;
+};
+
+BoxButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::YesNo:
+            return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+        case MessageButtons::YesNoCancel:
+            return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel};
+        case MessageButtons::Ok:
+            break;
+    }
+    return {QMessageBox::Ok, QMessageBox::Ok};
+}
+
+QString NameFilter(const FileDialog& dialog) {
+    const QString name = QString::fromStdString(dialog.filterName);
+    const QString pattern = "(" + QString::fromStdString(dialog.filterPattern) + ")";
+    return name.contains(pattern) ? name : name + " " + pattern;
+}
+
+}  // namespace
+
+Answer QtPrompts::ShowMessage(const Message& message) {
+    const BoxButtons buttons = ButtonsOf(message.buttons);
+    QMessageBox box(BoxIcon(message.icon), QString::fromStdString(message.title),
+                    QString::fromStdString(message.text).replace("\r\n", "\n"), buttons.shown,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setEscapeButton(buttons.onClose);
+    switch (box.exec()) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        default:
+            return Answer::Ok;
+    }
+}
+
+std::optional<std::string> QtPrompts::AskOpenPath(const FileDialog& dialog) {
+    QFileDialog box(QApplication::activeWindow());
+    box.setAcceptMode(QFileDialog::AcceptOpen);
+    box.setFileMode(QFileDialog::ExistingFile);
+    return Ask(box, dialog);
+}
+
+std::optional<std::string> QtPrompts::AskSavePath(const FileDialog& dialog) {
+    QFileDialog box(QApplication::activeWindow());
+    box.setAcceptMode(QFileDialog::AcceptSave);
+    box.setFileMode(QFileDialog::AnyFile);
+    box.setDefaultSuffix(QString::fromStdString(dialog.defaultExtension));
+    return Ask(box, dialog);
+}
+
+std::optional<std::string> QtPrompts::Ask(QFileDialog& box, const FileDialog& dialog) {
+    box.setWindowTitle(QString::fromStdString(dialog.title));
+    box.setNameFilter(NameFilter(dialog));
+    if (!folder_.isEmpty()) box.setDirectory(folder_);
+    if (!dialog.proposedPath.empty()) box.selectFile(QString::fromStdString(dialog.proposedPath));
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
+    const QString path = box.selectedFiles().constFirst();
+    folder_ = QFileInfo(path).absolutePath();
+    return path.toStdString();
+}
+
+}  // namespace korvane

@@ -1,0 +1,28 @@
+// The program's questions as real dialogs of the desktop.
+#pragma once
+
+#include <QString>
+
+#include "editor/Prompts.h"
+
+class QFileDialog;
+
+namespace korvane {
+
+/// Asks with QMessageBox and QFileDialog. Dialogs belong to the active window of the program and
+/// start in the folder that was chosen last.
+class QtPrompts final : public Prompts {
+  public:
+    Answer ShowMessage(const Message& message) override;
+    std::optional<std::string> AskOpenPath(const FileDialog& dialog) override;
+
+    /// Adds the default extension to a name without one before asking whether to overwrite.
+    std::optional<std::string> AskSavePath(const FileDialog& dialog) override;
+
+  private:
+    std::optional<std::string> Ask(QFileDialog& box, const FileDialog& dialog);
+
+    QString folder_;  ///< of the file chosen last; empty: the system's choice
+};
+
+}  // namespace korvane

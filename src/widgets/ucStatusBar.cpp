@@ -1,0 +1,63 @@
+#include "widgets/ucStatusBar.h"
+
+#include <QFrame>
+#include <QPainter>
+
+namespace korvane {
+namespace {
+
+constexpr int kMargin = 6;  // pixels beside the text
+constexpr const char* kWidestReadOut = "HI: -0000.00";
+
+}  // namespace
+
+/// One panel. It elides its text itself, because a label would widen the whole window for it.
+class StatusPanel final : public QFrame {
+  public:
+    StatusPanel(QWidget* parent, int index) : QFrame(parent) {
+        setObjectName(QString("StatusBar_%1").arg(index));
+        setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        setMinimumHeight(fontMetrics().height() + 6);
+    }
+
+    void SetText(const QString& text) {
+        if (text == text_) return;
+        text_ = text;
+        setAccessibleName(text);
+        update();
+    }
+    const QString& Text() const { return text_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QFrame::paintEvent(event);
+        QPainter painter(this);
+        const QRect inside = contentsRect().adjusted(kMargin, 0, -kMargin, 0);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(inside, Qt::AlignVCenter | Qt::AlignLeft,
+                         fontMetrics().elidedText(text_, Qt::ElideRight, inside.width()));
+    }
+
+  private:
+    QString text_;
+};
+
+ucStatusBar::ucStatusBar(QWidget* parent) : QStatusBar(parent) {
+    setObjectName("StatusBar");
+    const int readOut = fontMetrics().horizontalAdvance(kWidestReadOut) + 4 * kMargin;
+    for (int i = 0; i < kPanels; ++i) {
+        panels_[i] = new StatusPanel(this, i);
+        if (i > 0) panels_[i]->setFixedWidth(readOut);
+        addWidget(panels_[i], i == 0 ? 1 : 0);
+    }
+}
+
+void ucStatusBar::SetText(int panel, const QString& text) {
+    if (panel >= 0 && panel < kPanels) panels_[panel]->SetText(text);
+}
+
+QString ucStatusBar::Text(int panel) const {
+    return panels_.at(panel)->Text();
+}
+
+}  // namespace korvane
