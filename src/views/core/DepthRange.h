@@ -2,6 +2,7 @@
 #pragma once
 
 #include "scene/Scene.h"
+#include "views/core/ViewState.h"
 
 namespace korvane {
 
@@ -14,5 +15,9 @@ struct DepthRange {
 /// Takes the selection's extent along Y. An empty selection changes nothing; returns whether the
 /// range was set.
 bool DepthRangeFromSelection(const Scene& scene, DepthRange& range);
+
+/// Screen y of a world value on the gauge, and the world value at a screen y. Up is positive.
+double DepthToScreen(const ViewState& gauge, double depth);
+float ScreenToDepth(const ViewState& gauge, double y);
 
 }  // namespace korvane

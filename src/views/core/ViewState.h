@@ -27,6 +27,16 @@ struct ViewState {
     std::int32_t height = 0;
 };
 
+/// The world axes that a view shows.
+struct ViewAxes {
+    float Vec3::*horizontal;  ///< grows to the right
+    float Vec3::*vertical;
+    int down;  ///< +1: the vertical axis grows down, -1: up
+};
+
+/// The axes of view 0..2.
+const ViewAxes& AxesOf(int view);
+
 /// A point in a view's pixels.
 struct ScreenPoint {
     double x = 0;
@@ -54,7 +64,8 @@ ScreenPoint WorldToScreen(const ViewState& state, int view, const Vec3& point);
 /// value.
 void ScreenToWorld(const ViewState& state, int view, double x, double y, Vec3& point);
 
-/// The nearest multiple of `snapSize` per axis, halves up, then rounded to two decimals.
+/// The nearest multiple of `snapSize` per axis, halves up, then rounded to two decimals. A step of
+/// 0 or less snaps nothing.
 float SnapToGrid(float value, float snapSize);
 Vec3 SnapToGrid(const Vec3& point, float snapSize);
 
