@@ -26,6 +26,7 @@ struct ViewGesture {
     Vec3 dragStart;         ///< world point at the press
     bool creating = false;  ///< a left press began the rectangle of a new brush
     bool dragging = false;  ///< the left button is down
+    bool panning = false;   ///< the right button is down
     bool panned = false;    ///< the right button has dragged since its press
     int view = 0;           ///< the view of the press
 };
@@ -33,8 +34,9 @@ struct ViewGesture {
 /// State of the mouse gesture on the depth gauge.
 struct GaugeGesture {
     GaugeLevel level = GaugeLevel::None;
-    float previous = 0;  ///< world value of the pointer at the previous step
-    float lastY = 0;     ///< pixels
+    float previous = 0;    ///< world value of the pointer at the previous step
+    float lastY = 0;       ///< pixels
+    bool panning = false;  ///< the right button is down
 };
 
 /// The session.

@@ -12,12 +12,19 @@ enum RedrawSet : unsigned {
     RedrawFront = 4,
     RedrawDepthGauge = 8,
     RedrawPreview = 16,
-    RedrawAll = 31
+    RedrawAll = 31,
+    /// Bits from here on ask only for what lies over a composed view, see RedrawOverlay.
+    RedrawOverlayTop = 32
 };
 
 /// The bit of one 2D view.
 constexpr unsigned RedrawView(int view) {
     return 1U << view;
+}
+
+/// The bit of what a gesture shows over one 2D view: the composed picture below it is still good.
+constexpr unsigned RedrawOverlay(int view) {
+    return RedrawOverlayTop << view;
 }
 
 /// Windows that a command opens.

@@ -21,6 +21,9 @@ struct MouseInput {
     float y = 0;
 };
 
+/// A gesture runs from a press to the release of the same button on the same view; what other
+/// buttons and views report in between changes nothing. A move that reports no button while one
+/// should be held cancels the gesture: its release was lost.
 void PressView(Editor& editor, int view, const MouseInput& mouse);
 void MoveOverView(Editor& editor, int view, const MouseInput& mouse);
 void ReleaseView(Editor& editor, int view, const MouseInput& mouse);
@@ -28,9 +31,13 @@ void ReleaseView(Editor& editor, int view, const MouseInput& mouse);
 /// Ends the gesture without an effect: Escape, or the window lost the mouse.
 void CancelViewGesture(Editor& editor);
 
+/// The same for the depth gauge: the left button drags the nearer level, the right one pans.
 void PressGauge(Editor& editor, const MouseInput& mouse);
 void MoveOverGauge(Editor& editor, const MouseInput& mouse);
 void ReleaseGauge(Editor& editor, const MouseInput& mouse);
+
+/// Ends the gesture where it stands: Escape, or the window lost the mouse.
+void CancelGaugeGesture(Editor& editor);
 
 /// What a creation drag shows over its view: the rectangle in the view's pixels and three texts.
 struct RubberBand {

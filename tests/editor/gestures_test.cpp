@@ -1,0 +1,297 @@
+// Mouse gestures without a window: what they change and what they ask to be redrawn.
+#include <gtest/gtest.h>
+
+#include "editor/mViewGestures.h"
+#include "editor/mViews.h"
+#include "scene/mNormals.h"
+#include "support/RecordingHost.h"
+
+namespace korvane {
+namespace {
+
+using test::RecordingHost;
+using test::ScriptedPrompts;
+
+constexpr MouseInput Left(float x, float y, unsigned modifiers = NoModifier) {
+    return {MouseButton::Left, modifiers, x, y};
+}
+constexpr MouseInput Right(float x, float y) {
+    return {MouseButton::Right, NoModifier, x, y};
+}
+
+/// Views of 400 x 300 at zoom 80: world (0, 0) lies at pixel (200, 150).
+class GesturesTest : public testing::Test {
+  protected:
+    GesturesTest() {
+        for (ViewState& view : editor.views) view.width = 400, view.height = 300;
+        editor.gauge.width = 60;
+        editor.gauge.height = 600;
+        UpdateViewOrigins(editor);
+    }
+
+    void Drag(int view, const MouseInput& from, const MouseInput& to) {
+        PressView(editor, view, from);
+        MoveOverView(editor, view, to);
+        ReleaseView(editor, view, to);
+    }
+
+    void DragGauge(float fromY, float toY) {
+        PressGauge(editor, Left(5, fromY));
+        MoveOverGauge(editor, Left(5, toY));
+        ReleaseGauge(editor, Left(5, toY));
+    }
+
+    float GaugeY(double depth) const {
+        return static_cast<float>(DepthToScreen(editor.gauge, depth));
+    }
+
+    Bounds OnlyBrush() const {
+        return editor.scene.brushes.size() == 1 ? BrushBounds(editor.scene.brushes[0]) : Bounds{};
+    }
+
+    void AddSelectedBrush() {
+        AddBrush(editor.scene, "", "");
+        editor.scene.brushes[0].selected = true;
+    }
+
+    RecordingHost host;
+    ScriptedPrompts prompts;
+    Editor editor{host, prompts};
+};
+
+TEST_F(GesturesTest, ADragInEachViewCreatesABrushOfTheDepthRange) {
+    const struct {
+        int view;
+        MouseInput from, to;
+        Bounds expected;
+    } cases[] = {
+        {TopView, Left(200, 150), Left(360, 390), {{0, 0, 0}, {2, 2, 3}}},
+        {TopView, Left(360, 150), Left(200, 390), {{0, 0, 0}, {2, 2, 3}}},
+        {LeftView, Left(200, 150), Left(280, 70), {{0, 0, 0}, {2, 1, 1}}},
+        {FrontView, Left(280, 70), Left(200, 150), {{0, 0, 0}, {1, 1, 2}}},
+    };
+    for (const auto& c : cases) {
+        ClearScene(editor.scene);
+        Drag(c.view, c.from, c.to);
+        EXPECT_EQ(OnlyBrush(), c.expected) << c.view;
+    }
+}
+
+TEST_F(GesturesTest, ACreationSelectsOnlyTheNewBrushAndRefreshes) {
+    AddBrush(editor.scene, "", "");
+    editor.scene.editMode = FaceEdit;  // ignores drags only with something selected
+    PressView(editor, TopView, Left(200, 150));
+    EXPECT_FALSE(editor.SceneModified);
+    MoveOverView(editor, TopView, Left(360, 390));
+    EXPECT_EQ(host.redraws, RedrawOverlay(TopView)) << "the scene did not change yet";
+    ReleaseView(editor, TopView, Left(360, 390));
+    ASSERT_EQ(editor.scene.brushes.size(), 2U);
+    EXPECT_FALSE(editor.scene.brushes[0].selected);
+    EXPECT_TRUE(editor.scene.brushes[1].selected);
+    EXPECT_TRUE(editor.SceneModified);
+    EXPECT_EQ(host.redraws & RedrawAll, RedrawAll);
+    EXPECT_EQ(host.commandStateRefreshes, 1);
+    EXPECT_EQ(host.panelRefreshes, 1);
+    EXPECT_EQ(host.focusReturns, 1);
+    EXPECT_FALSE(CurrentRubberBand(editor, TopView));
+}
+
+TEST_F(GesturesTest, TheRubberBandShowsSizeStartAndEnd) {
+    PressView(editor, TopView, Left(361, 391));  // snaps to 2, 3
+    MoveOverView(editor, TopView, Left(202, 149));
+    const auto band = CurrentRubberBand(editor, TopView);
+    ASSERT_TRUE(band);
+    EXPECT_NEAR(band->x1, 200, 1e-4);
+    EXPECT_NEAR(band->y1, 150, 1e-4);
+    EXPECT_NEAR(band->x2, 360, 1e-4);
+    EXPECT_NEAR(band->y2, 390, 1e-4);
+    EXPECT_EQ(band->size, "[Size: 2.0 x 0.0 x 3.0]");
+    EXPECT_EQ(band->start, "2.0 x 0.0 x 3.0");
+    EXPECT_EQ(band->end, "0.0 x 0.0 x 0.0");
+    EXPECT_FALSE(CurrentRubberBand(editor, FrontView));
+    editor.settings.snapToGrid = false;
+    MoveOverView(editor, TopView, Left(202, 150));
+    EXPECT_EQ(CurrentRubberBand(editor, TopView)->end, "0.03 x 0.0 x 0.0");
+}
+
+TEST_F(GesturesTest, WhatIsThinnerThanAHundredthCreatesNothing) {
+    Drag(TopView, Left(233, 177), Left(300, 177));
+    EXPECT_EQ(editor.scene.brushCount(), 0) << "no height";
+    EXPECT_TRUE(editor.SceneModified) << "the snapshot comes before the test of the size";
+    PressView(editor, TopView, Left(203, 153));
+    ReleaseView(editor, TopView, Left(203, 153));
+    EXPECT_EQ(editor.scene.brushCount(), 0) << "a click off the grid";
+    editor.depthRange = {1.5F, 1.5F};
+    Drag(TopView, Left(200, 150), Left(360, 390));
+    EXPECT_EQ(editor.scene.brushCount(), 0) << "HI = LO";
+    EXPECT_EQ(host.commandStateRefreshes, 0);
+    EXPECT_EQ(host.focusReturns, 3);
+}
+
+TEST_F(GesturesTest, ASelectionAModifierOrTheMarkerKeepsADragFromCreating) {
+    Drag(TopView, Left(200, 150, CtrlKey), Left(360, 390, CtrlKey));
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    editor.scene.markerShown = true;
+    Drag(TopView, Left(200, 150), Left(360, 390));
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    editor.scene.markerShown = false;
+    AddSelectedBrush();
+    editor.scene.editMode = FaceEdit;
+    Drag(TopView, Left(200, 150), Left(360, 390));
+    EXPECT_EQ(editor.scene.brushCount(), 1);
+    EXPECT_FALSE(editor.SceneModified);
+}
+
+TEST_F(GesturesTest, ARightDragPansPixelForPixelInItsViewOnly) {
+    AddSelectedBrush();
+    const ViewState top = editor.views[TopView];
+    const ViewState front = editor.views[FrontView];
+    PressView(editor, LeftView, Right(100, 100));
+    MoveOverView(editor, LeftView, Right(100, 100));
+    MoveOverView(editor, LeftView, Right(113, 95));
+    MoveOverView(editor, LeftView, Right(120, 90));
+    ReleaseView(editor, LeftView, Right(120, 90));
+    EXPECT_EQ(editor.views[LeftView].panX, 20);
+    EXPECT_EQ(editor.views[LeftView].panY, -10);
+    EXPECT_EQ(editor.views[LeftView].originX, 220);
+    EXPECT_EQ(editor.views[LeftView].originY, 140);
+    EXPECT_EQ(editor.views[TopView].originX, top.originX);
+    EXPECT_EQ(editor.views[FrontView].originY, front.originY);
+    EXPECT_EQ(host.redraws, RedrawView(LeftView));
+    EXPECT_TRUE(editor.scene.brushes[0].selected) << "a pan is no click";
+}
+
+TEST_F(GesturesTest, ARightClickUnselects) {
+    AddSelectedBrush();
+    PressView(editor, TopView, Right(100, 100));
+    MoveOverView(editor, TopView, Right(100, 100));  // repeated position of the press
+    ReleaseView(editor, TopView, Right(100, 100));
+    EXPECT_FALSE(editor.scene.brushes[0].selected);
+    EXPECT_EQ(host.redraws, RedrawAll);
+    EXPECT_EQ(host.commandStateRefreshes, 1);
+    EXPECT_EQ(host.focusReturns, 1);
+}
+
+TEST_F(GesturesTest, AGestureBelongsToItsViewAndButton) {
+    PressView(editor, TopView, Left(200, 150));
+    MoveOverView(editor, TopView, Left(360, 390));
+    PressView(editor, TopView, Right(10, 10));
+    PressView(editor, FrontView, Left(10, 10));
+    MoveOverView(editor, FrontView, Left(20, 20));
+    ReleaseView(editor, TopView, Right(10, 10));
+    ReleaseView(editor, FrontView, Left(20, 20));
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    ReleaseView(editor, TopView, Left(360, 390));
+    EXPECT_EQ(OnlyBrush(), (Bounds{{0, 0, 0}, {2, 2, 3}}));
+    EXPECT_TRUE(editor.scene.brushes[0].selected) << "the right click in between was ignored";
+}
+
+TEST_F(GesturesTest, ACancelledOrLostGestureDoesNothing) {
+    PressView(editor, TopView, Left(200, 150));
+    MoveOverView(editor, TopView, Left(360, 390));
+    CancelViewGesture(editor);
+    EXPECT_FALSE(CurrentRubberBand(editor, TopView));
+    EXPECT_TRUE(host.redraws & RedrawView(TopView));
+    ReleaseView(editor, TopView, Left(360, 390));
+    PressView(editor, TopView, Left(200, 150));
+    MoveOverView(editor, TopView, {MouseButton::None, NoModifier, 360, 390});
+    ReleaseView(editor, TopView, Left(360, 390));
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    EXPECT_FALSE(editor.SceneModified);
+}
+
+TEST_F(GesturesTest, ReadOutsNameTheViewAndTheSnappedPoint) {
+    editor.CursorPoint = {0, 1.5F, 0};
+    MoveOverView(editor, TopView, {MouseButton::None, NoModifier, 227, 44});
+    EXPECT_EQ(host.status[1], "Top");
+    EXPECT_EQ(host.status[2], "X: 0.30");
+    EXPECT_EQ(host.status[3], "Y: 1.50");
+    EXPECT_EQ(host.status[4], "Z: -1.30");
+    editor.settings.snapToGrid = false;
+    MoveOverView(editor, FrontView, {MouseButton::None, NoModifier, 201, 150});
+    EXPECT_EQ(host.status[1], "Front");
+    EXPECT_EQ(host.status[2], "X: 0.01");
+    EXPECT_EQ(host.status[3], "Y: 0.00");
+    MoveOverView(editor, LeftView, {MouseButton::None, NoModifier, 200, 150});
+    EXPECT_EQ(host.status[1], "Left");
+    EXPECT_EQ(host.redrawRequests, 0);
+}
+
+TEST_F(GesturesTest, GaugePicksTheNearerLevelAndLOAtEqualDistance) {
+    editor.settings.snapToGrid = false;
+    DragGauge(GaugeY(1.0), GaugeY(1.5));
+    EXPECT_EQ(editor.depthRange.LO, 0.5F);
+    EXPECT_EQ(editor.depthRange.HI, 2.0F);
+    DragGauge(GaugeY(1.75), GaugeY(2.75));
+    EXPECT_EQ(editor.depthRange.LO, 0.5F);
+    EXPECT_EQ(editor.depthRange.HI, 3.0F);
+    EXPECT_EQ(host.redraws, RedrawDepthGauge);
+    EXPECT_EQ(host.focusReturns, 2);
+}
+
+TEST_F(GesturesTest, GaugeLevelsSnapAndSwapAtTheRelease) {
+    PressGauge(editor, Left(5, GaugeY(0) + 3));
+    MoveOverGauge(editor, Left(5, GaugeY(1.234)));
+    EXPECT_EQ(editor.depthRange.LO, 1.2F);
+    EXPECT_EQ(host.status[1], "Depth");
+    EXPECT_EQ(host.status[2], "HI: 2.00");
+    EXPECT_EQ(host.status[3], "LO: 1.20");
+    EXPECT_EQ(host.status[4], "D: 1.20");
+    MoveOverGauge(editor, Left(5, GaugeY(3.04)));
+    EXPECT_EQ(editor.depthRange.LO, 3.0F) << "above HI while it is dragged";
+    EXPECT_EQ(editor.depthRange.HI, 2.0F);
+    ReleaseGauge(editor, Left(5, GaugeY(3.04)));
+    EXPECT_EQ(editor.depthRange.LO, 2.0F);
+    EXPECT_EQ(editor.depthRange.HI, 3.0F);
+}
+
+TEST_F(GesturesTest, GaugePansVerticallyByItself) {
+    PressGauge(editor, Right(5, 100));
+    MoveOverGauge(editor, Right(40, 130));
+    EXPECT_EQ(editor.gauge.panY, 30);
+    EXPECT_EQ(editor.gauge.panX, 0);
+    EXPECT_EQ(editor.gauge.originY, 330);
+    EXPECT_EQ(editor.views[TopView].panY, 0);
+    ReleaseGauge(editor, Left(5, 100));
+    MoveOverGauge(editor, Right(5, 120));
+    EXPECT_EQ(editor.gauge.panY, 20) << "the other button's release ends nothing";
+    ReleaseGauge(editor, Right(5, 120));
+    MoveOverGauge(editor, {MouseButton::None, NoModifier, 5, 400});
+    EXPECT_EQ(editor.gauge.panY, 20);
+    EXPECT_EQ(editor.depthRange.HI, 2.0F);
+}
+
+TEST_F(GesturesTest, ZoomIsSharedAndEndsAtItsBounds) {
+    ZoomIn(editor);
+    for (const ViewState& view : editor.views) EXPECT_EQ(view.zoom, 82);
+    EXPECT_EQ(editor.gauge.zoom, 82);
+    EXPECT_EQ(host.redraws, RedrawAll);
+    for (ViewState& view : editor.views) view.zoom = 500;
+    ZoomIn(editor);
+    EXPECT_EQ(host.redrawRequests, 1);
+    editor.views[FrontView].panX = 7;
+    ResetZoom(editor);
+    EXPECT_EQ(editor.views[FrontView].zoom, 80);
+    EXPECT_EQ(editor.views[FrontView].panX, 7);
+}
+
+TEST_F(GesturesTest, ResetBringsViewsCameraAndSplitBack) {
+    editor.views[LeftView].panX = 9;
+    editor.gauge.panY = 9;
+    editor.gauge.zoom = 10;
+    editor.camera = {1, 2, 3, 4, 5, 0};
+    editor.splitX = 0.1F;
+    editor.splitY = 0.9F;
+    ResetAllViews(editor);
+    EXPECT_EQ(editor.views[LeftView].panX, 0);
+    EXPECT_EQ(editor.gauge.originY, 300);
+    EXPECT_EQ(editor.gauge.zoom, 80);
+    EXPECT_EQ(editor.camera.y, 3.0F);
+    EXPECT_EQ(editor.camera.pitch, -30.0F);
+    EXPECT_EQ(editor.camera.yaw, 0.0F);
+    EXPECT_EQ(editor.splitX, 0.5F);
+    EXPECT_EQ(editor.splitY, 0.5F);
+}
+
+}  // namespace
+}  // namespace korvane
