@@ -1,0 +1,208 @@
+// The object file: reference files written by hand from the layout, and what the writer makes of a
+// scene. Hostile files are in hostile_object_test.cpp.
+#include <gtest/gtest.h>
+
+#include "files/FileBuffer.h"
+#include "files/mObjectFile.h"
+#include "scene/mBrush.h"
+#include "scene/mNormals.h"
+#include "support/TempFolder.h"
+
+namespace korvane {
+namespace {
+
+using test::Bytes;
+
+Bytes Golden(const std::string& name) {
+    Bytes bytes = test::FileBytes(std::string(KORVANE_GOLDEN_DIR) + "/" + name);
+    EXPECT_FALSE(bytes.empty()) << name;
+    return bytes;
+}
+
+/// The textures that the reference files use.
+TextureLibrary GoldenLibrary() {
+    TextureLibrary library;
+    library.AddTexture("unused.bmp", 64, 64);
+    library.AddTexture("F\u00FC\u00DFe \u20AC.jpg", 64, 64);
+    library.AddTexture("Mauer.bmp", 64, 64);
+    return library;
+}
+
+Scene SceneOf(std::vector<Brush> brushes) {
+    Scene scene;
+    scene.brushes = std::move(brushes);
+    return scene;
+}
+
+TEST(ObjectFileTest, GoldenFilesComeBackByteForByte) {
+    const TextureLibrary library = GoldenLibrary();
+    for (const bool withSelection : {false, true}) {
+        const Bytes bytes = Golden(withSelection ? "snapshot.kvobject" : "scene.kvobject");
+        auto brushes = DecodeObject(bytes, library, withSelection);
+        ASSERT_TRUE(brushes);
+        EXPECT_EQ(EncodeObject(SceneOf(*brushes), library, withSelection), bytes);
+        EXPECT_FALSE(DecodeObject(bytes, library, !withSelection)) << "the layouts differ";
+    }
+}
+
+TEST(ObjectFileTest, EveryFieldOfTheGoldenFileHasItsMeaning) {
+    const auto brushes = DecodeObject(Golden("snapshot.kvobject"), GoldenLibrary(), true, 7);
+    ASSERT_TRUE(brushes && brushes->size() == 2);
+    const Brush& box = brushes->front();
+    const Brush& cone = brushes->back();
+    EXPECT_EQ(box.name, "Brush-0007");
+    EXPECT_EQ(cone.name, "Brush-0008");
+    EXPECT_EQ(box.group, "T\u00FCrme");
+    EXPECT_EQ(box.shape, Box);
+    EXPECT_EQ(cone.shape, Cone);
+    EXPECT_FALSE(box.selected);
+    EXPECT_TRUE(cone.selected);
+    EXPECT_NE(box.revision, cone.revision);
+    ASSERT_EQ(box.vertices.size(), 8U);
+    EXPECT_EQ(box.vertices[5].Position(), (Vec3{1, -1, -1}));
+    ASSERT_EQ(box.faces.size(), 12U);
+    ASSERT_EQ(cone.faces.size(), 6U);
+
+    const BrushFace& face = box.faces[10];
+    EXPECT_EQ(face.polygonId, 6);
+    EXPECT_EQ((std::array{face.a, face.b, face.c}), (std::array{3, 0, 4}));
+    EXPECT_EQ(face.uv[0], (TexCoord{10, 10.125F}));
+    EXPECT_EQ(face.uv[2], (TexCoord{10.5F, 10.625F}));
+    EXPECT_EQ(face.transparency, 100);
+    EXPECT_EQ(face.offsetX, 5);
+    EXPECT_EQ(face.offsetY, -2.5F);
+    EXPECT_EQ(face.repeatX, 11);
+    EXPECT_EQ(face.repeatY, 0.1F);
+    EXPECT_EQ(face.rotation, 60);
+    EXPECT_EQ(face.texture, 2) << "material 1";
+    EXPECT_EQ(box.faces[9].texture, 3) << "material 0";
+    EXPECT_EQ(box.faces[11].texture, 0) << "the material without a name";
+    EXPECT_EQ(face.smooth, 0);
+    EXPECT_EQ(box.faces[9].smooth, 1);
+    EXPECT_EQ(face.normal, (Vec3{-1, 0, 0})) << "recomputed";
+    for (int f = 0; f < 12; ++f) EXPECT_EQ(box.faces[f].selected, f % 4 == 0) << f;
+
+    const std::array<int, 7> flags = {0, 1, 2, 4, 8, 15, 9};
+    for (int f = 0; f < 12; ++f) {
+        const BrushFace& flagged = box.faces[f];
+        EXPECT_EQ(flagged.invisible, (flags[f % 7] & 1) != 0) << f;
+        EXPECT_EQ(flagged.localCoords, (flags[f % 7] & 2) != 0) << f;
+        EXPECT_EQ(flagged.flipped, (flags[f % 7] & 4) != 0) << f;
+        EXPECT_EQ(flagged.mirrored, (flags[f % 7] & 8) != 0) << f;
+    }
+}
+
+TEST(ObjectFileTest, ReadsWhatOtherVersionsWrite) {
+    const auto brushes = DecodeObject(Golden("foreign.kvobject"), GoldenLibrary(), false);
+    ASSERT_TRUE(brushes && brushes->size() == 3);
+    const Brush& first = brushes->front();
+    EXPECT_EQ(first.name, "Brush-0000") << "the stored name is not used";
+    EXPECT_EQ(first.group, "old");
+    EXPECT_EQ(first.shape, Sphere) << "narrowed to 16 bits";
+    EXPECT_EQ((*brushes)[2].shape, Box);
+    EXPECT_EQ((*brushes)[2].vertices.at(0).Position(), (Vec3{1, 2, 3}));
+
+    struct Row {
+        std::int32_t texture;
+        int smooth;
+        const char* what;
+    };
+    const Row rows[] = {{0, 1, "no material"},        {0, 0, "no extension"},
+                        {3, 0, "unknown extension"},  {2, 1, "next extension"},
+                        {0, 1, "not in the library"}, {0, 1, "not in the library either"}};
+    ASSERT_EQ(first.faces.size(), std::size(rows));
+    for (std::size_t f = 0; f < std::size(rows); ++f) {
+        EXPECT_EQ(first.faces[f].texture, rows[f].texture) << rows[f].what;
+        EXPECT_EQ(first.faces[f].smooth, rows[f].smooth) << rows[f].what;
+    }
+}
+
+TEST(ObjectFileTest, AnEmptySceneHas44Bytes) {
+    FileWriter expected;
+    expected.WriteTag("OBSF");
+    for (const std::int32_t value : {44, 2}) expected.WriteLong(value);
+    expected.WriteTag("MATS");
+    for (const std::int32_t value : {16, 0, 0}) expected.WriteLong(value);
+    expected.WriteTag("BRSH");
+    for (const std::int32_t value : {16, 0, 0}) expected.WriteLong(value);
+    const Bytes bytes = EncodeObject({}, TextureLibrary(), false);
+    EXPECT_EQ(bytes, expected.Bytes());
+    EXPECT_EQ(bytes.size(), 44U);
+    const auto brushes = DecodeObject(bytes, TextureLibrary(), false);
+    ASSERT_TRUE(brushes);
+    EXPECT_TRUE(brushes->empty());
+}
+
+TEST(ObjectFileTest, NamesEqualIgnoringCaseShareAMaterial) {
+    TextureLibrary library;
+    library.AddTexture("Stone.bmp", 64, 64);
+    library.AddTexture("H\u00DCGEL.bmp", 64, 64);
+    library.AddTexture("stone.BMP", 64, 64);
+    library.AddTexture("h\u00FCgel.bmp", 64, 64);
+    Scene scene;
+    Brush& brush = scene.brushes[AddBrush(scene, "", "")];
+    AddVertex(brush, {}, false);
+    constexpr std::int32_t kOutside = 99;
+    for (const std::int32_t texture : {3, 4, 1, 2, 0, kOutside, -1}) {
+        brush.faces[AddFace(brush, 0, 0, 0, 1)].texture = texture;
+    }
+    const Bytes bytes = EncodeObject(scene, library, false);
+
+    FileReader file(bytes);
+    file.Skip(24);
+    ASSERT_EQ(file.ReadLong(), 3);
+    EXPECT_EQ(file.ReadCountedString(), "stone.BMP") << "spelled as first met";
+    EXPECT_EQ(file.ReadCountedString(), "h\u00FCgel.bmp");
+    EXPECT_EQ(file.ReadCountedString(), "") << "textures outside the library have no name either";
+    const auto brushes = DecodeObject(bytes, library, false);
+    ASSERT_TRUE(brushes);
+    const std::int32_t expected[] = {1, 2, 1, 2, 0, 0, 0};
+    for (std::size_t f = 0; f < std::size(expected); ++f) {
+        EXPECT_EQ((*brushes)[0].faces[f].texture, expected[f]) << f;
+    }
+}
+
+TEST(ObjectFileTest, SizeFieldsCountCharacters) {
+    Scene scene;
+    AddBrush(scene, "\u20AC\u20AC", "gr\u00FC");
+    AddVertex(scene.brushes[0], {}, false);
+    AddVertex(scene.brushes[0], {}, false);
+    const Bytes bytes = EncodeObject(scene, TextureLibrary(), false);
+    FileReader file(bytes);
+    file.Skip(4);
+    EXPECT_EQ(file.ReadLong(), 16 + (16 + 2 + 3 + 24 + 2 * 88) + 12);
+    file.Skip(4 + 16 + 4);
+    EXPECT_EQ(file.ReadLong(), 16 + 2 + 3 + 24 + 2 * 88) << "not the length of the chunk";
+}
+
+TEST(ObjectFileTest, ScenesSurviveTheRoundTrip) {
+    TextureLibrary library;
+    library.AddTexture("brick.jpg", 256, 128);
+    library.SelectTexture(1);
+    Scene scene;
+    for (const std::int16_t shape : {Box, Cone, Sphere}) {
+        scene.createShape = shape;
+        const std::int32_t index = CreateBrush(scene, {-1, -1, -1}, {2, 3, 4}, 7, {library});
+        ASSERT_GE(index, 0);
+        for (BrushFace& face : scene.brushes[index].faces) face.smooth = 1;
+        UpdateBrushNormals(scene.brushes[index]);
+    }
+    const auto brushes = DecodeObject(EncodeObject(scene, library, false), library, false);
+    ASSERT_TRUE(brushes && brushes->size() == 3);
+    for (int b = 0; b < 3; ++b) {
+        const Brush& before = scene.brushes[b];
+        const Brush& after = (*brushes)[b];
+        EXPECT_EQ(after.shape, before.shape);
+        EXPECT_NE(after.revision, before.revision);
+        ASSERT_EQ(after.faces.size(), before.faces.size());
+        for (std::size_t f = 0; f < before.faces.size(); ++f) {
+            EXPECT_EQ(after.faces[f].uv, before.faces[f].uv);
+            EXPECT_EQ(after.faces[f].normal, before.faces[f].normal);
+            EXPECT_EQ(after.faces[f].cornerNormals, before.faces[f].cornerNormals);
+        }
+    }
+    EXPECT_EQ(EncodeObject(SceneOf(*brushes), library, false), EncodeObject(scene, library, false));
+}
+
+}  // namespace
+}  // namespace korvane
