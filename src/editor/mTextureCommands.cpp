@@ -1,0 +1,33 @@
+#include "editor/mTextureCommands.h"
+
+#include "scene/mSelection.h"
+
+namespace korvane {
+namespace {
+
+/// Whether anything was assigned.
+bool AssignClicked(Editor& editor) {
+    if (editor.scene.editMode != FaceEdit) {
+        TakeUndoSnapshot(editor);
+        AssignTextureToSelectedBrushes(editor.scene, editor.textures);
+        UpdateSelectedTextureCoords(editor.scene, editor.Space());
+        return true;
+    }
+    if (CountSelectedFaces(editor.scene) == 0) return false;
+    TakeUndoSnapshot(editor);
+    AssignTextureToSelectedFaces(editor.scene, editor.Space());
+    return true;
+}
+
+}  // namespace
+
+void TextureClicked(Editor& editor, std::int32_t index) {
+    editor.textures.SelectTexture(index);
+    if (CountSelectedBrushes(editor.scene) == 0) return;
+    const bool assigned = AssignClicked(editor);
+    editor.host.RequestRedraw(RedrawPreview);
+    // The snapshot marked the scene as modified: the title shows it.
+    if (assigned) editor.host.ShowCommandStates();
+}
+
+}  // namespace korvane

@@ -1,0 +1,74 @@
+#include "textures/ui/mImageFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <algorithm>
+
+#include "base/SingleByteText.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kMaxMegabytes = int(kMaxImageBytes >> 20);
+
+bool IsTga(const std::string& path) {
+    return path.size() >= 3 && LowerCase(path.substr(path.size() - 3)) == "tga";
+}
+
+bool NamesFolder(const QString& path) {
+    return path.endsWith('\\') || path.endsWith('/') || QFileInfo(path).isDir();
+}
+
+ImageCode LoadPicture(const QString& path, cDIBSection& image) {
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false);
+    const QByteArray format = reader.format();
+    if (format != "bmp" && format != "gif" && format != "jpeg") return ImageFormatRefused;
+    QImage picture;
+    if (!reader.read(&picture)) return ImageFormatRefused;
+    image = BufferOf(picture);
+    return ImageLoaded;
+}
+
+}  // namespace
+
+ImageCode LoadImageFile(const std::string& path, cDIBSection& image) {
+    const QString name = QString::fromStdString(path);
+    if (!QFileInfo::exists(name)) return ImageFileMissing;
+    if (NamesFolder(name)) return ImageIsFolder;
+    if (IsTga(path)) return LoadTGA(path, image);
+    QImageReader::setAllocationLimit(kMaxMegabytes);
+    return LoadPicture(name, image);
+}
+
+ImageCode LoadTGA(const std::string& path, cDIBSection& image) {
+    QFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::ReadOnly)) return ImageFileMissing;
+    // No image within the limit needs more of its file than this.
+    const QByteArray bytes = file.read(2 * kMaxImageBytes);
+    return DecodeTGA({reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                      static_cast<std::size_t>(bytes.size())},
+                     image);
+}
+
+QImage PictureOf(const cDIBSection& image) {
+    const qsizetype row = qsizetype{image.width} * 3;
+    return QImage(image.pixels.data(), image.width, image.height, row, QImage::Format_BGR888)
+        .mirrored();
+}
+
+cDIBSection BufferOf(const QImage& picture) {
+    const QImage rows = picture.convertToFormat(QImage::Format_BGR888);
+    const std::size_t row = std::size_t(rows.width()) * 3;
+    cDIBSection image{rows.width(), rows.height(), {}};
+    image.pixels.reserve(row * std::size_t(rows.height()));
+    for (int y = rows.height() - 1; y >= 0; --y) {
+        const uchar* line = rows.constScanLine(y);
+        image.pixels.insert(image.pixels.end(), line, line + row);
+    }
+    return image;
+}
+
+}  // namespace korvane

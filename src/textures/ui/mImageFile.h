@@ -1,0 +1,26 @@
+// Image files into image buffers: TGA by the program's own decoder, BMP, GIF and JPEG by the
+// toolkit's.
+#pragma once
+
+#include <QImage>
+#include <string>
+
+#include "textures/core/mTGA.h"
+
+namespace korvane {
+
+/// Decodes the file at `path` (UTF-8). A name ending in "tga", in any case, is a TGA file; anything
+/// else must hold BMP, GIF or JPEG data, whatever its name says. Rotation noted in a photograph is
+/// ignored. `image` is changed on success only.
+ImageCode LoadImageFile(const std::string& path, cDIBSection& image);
+
+/// Decodes a TGA file, see DecodeTGA.
+ImageCode LoadTGA(const std::string& path, cDIBSection& image);
+
+/// The buffer as a picture, for thumbnails.
+QImage PictureOf(const cDIBSection& image);
+
+/// A picture as a buffer; transparency is dropped.
+cDIBSection BufferOf(const QImage& picture);
+
+}  // namespace korvane

@@ -1,0 +1,187 @@
+#include "textures/ui/ucTextureList.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionFocusRect>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace korvane {
+namespace {
+
+constexpr int kWheelStep = 120;  // eighths of a degree
+
+QColor ToQt(Color color) {
+    return {int(Red(color)), int(Green(color)), int(Blue(color))};
+}
+
+}  // namespace
+
+ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
+    : QWidget(parent), editor_(editor), hsViewOffset_(new QScrollBar(Qt::Horizontal, this)) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the views
+    setAccessibleName(tr("Texture list"));
+    hsViewOffset_->setObjectName("hsViewOffset");
+    hsViewOffset_->setAccessibleName(tr("Scroll the textures"));
+    connect(hsViewOffset_, &QScrollBar::valueChanged, this, [this] { update(); });
+    RefreshList();
+}
+
+void ucTextureList::AddThumbnail(const QImage& picture) {
+    thumbnails_.push_back(
+        picture
+            .scaled(kThumbnailSide, kThumbnailSide, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32));
+}
+
+void ucTextureList::SelectTexture(std::int32_t index) {
+    if (index < 0 || index >= editor_.textures.ListCount()) return;
+    editor_.textures.SelectTexture(index);
+    mark_ = index;
+    RefreshList();
+}
+
+void ucTextureList::RefreshList() {
+    const TextureListLayout layout = Layout();
+    hsViewOffset_->setRange(0, layout.scrollMaximum);
+    hsViewOffset_->setPageStep(std::max(layout.visible, 1));
+    hsViewOffset_->setEnabled(layout.scrollEnabled);
+    setAccessibleDescription(
+        QString::fromStdString(editor_.textures.TextureName(editor_.textures.Selected())));
+    update();
+}
+
+Color ucTextureList::ColorBackdrop() const {
+    return editor_.settings.colors[ColorItem::TextureListBackground];
+}
+
+Color ucTextureList::ColorHighlight() const {
+    return editor_.settings.colors[ColorItem::TextureListSelection];
+}
+
+TextureListLayout ucTextureList::Layout() const {
+    return LayOutTextureList(width(), editor_.textures.ListCount(), editor_.textures.Selected(),
+                             hsViewOffset_->value());
+}
+
+int ucTextureList::NameHeight() const {
+    return fontMetrics().height();
+}
+
+QSize ucTextureList::sizeHint() const {
+    const int height = kThumbnailTop + kThumbnailSide + kHighlightReach + NameHeight() +
+                       hsViewOffset_->sizeHint().height();
+    return {kThumbnailPitch * 4, height};
+}
+
+void ucTextureList::resizeEvent(QResizeEvent*) {
+    const int barHeight = hsViewOffset_->sizeHint().height();
+    hsViewOffset_->setGeometry(0, height() - barHeight, width(), barHeight);
+    RefreshList();
+}
+
+void ucTextureList::PaintThumbnail(QPainter& painter, const TextureListLayout& layout,
+                                   std::int32_t index) {
+    const QRect place(ThumbnailLeft(layout, index), kThumbnailTop, kThumbnailSide, kThumbnailSide);
+    if (static_cast<std::size_t>(index) < thumbnails_.size()) {
+        painter.drawImage(place.topLeft(), thumbnails_[static_cast<std::size_t>(index)]);
+    }
+    const QRect line(place.left(), place.bottom() + 1 + kHighlightReach, place.width(),
+                     NameHeight());
+    if (line.bottom() >= hsViewOffset_->y()) return;
+    const QString name = QString::fromStdString(editor_.textures.TextureName(index));
+    painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter,
+                     fontMetrics().elidedText(name, Qt::ElideRight, line.width()));
+}
+
+void ucTextureList::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const TextureListLayout layout = Layout();
+    const QColor backdrop = ToQt(ColorBackdrop());
+    painter.fillRect(rect(), backdrop);
+    if (layout.highlightShown) {
+        constexpr int kFrame = kThumbnailSide + 2 * kHighlightReach;
+        painter.fillRect(layout.highlightLeft, kThumbnailTop - kHighlightReach, kFrame, kFrame,
+                         ToQt(ColorHighlight()));
+    }
+    painter.setPen(qGray(backdrop.rgb()) < 128 ? Qt::white : Qt::black);
+    for (std::int32_t i = layout.first; i <= layout.last; ++i) PaintThumbnail(painter, layout, i);
+    if (hasFocus() && mark_ >= layout.first && mark_ <= layout.last) {
+        painter.setPen(QPen(painter.pen().color(), 1, Qt::DotLine));
+        painter.drawRect(ThumbnailLeft(layout, mark_), kThumbnailTop, kThumbnailSide - 1,
+                         kThumbnailSide - 1);
+    }
+}
+
+bool ucTextureList::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const TextureListLayout layout = Layout();
+    const std::int32_t index = ThumbnailAt(layout, help->pos().x(), help->pos().y());
+    if (index < 0) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QRect place(ThumbnailLeft(layout, index), kThumbnailTop, kThumbnailSide, kThumbnailSide);
+    QToolTip::showText(help->globalPos(),
+                       QString::fromStdString(editor_.textures.TextureName(index)), this, place);
+    return true;
+}
+
+void ucTextureList::Choose(std::int32_t index) {
+    SelectTexture(index);
+    emit Click(index);
+}
+
+void ucTextureList::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const QPoint at = event->position().toPoint();
+    if (const std::int32_t index = ThumbnailAt(Layout(), at.x(), at.y()); index >= 0) {
+        Choose(index);
+    }
+}
+
+void ucTextureList::wheelEvent(QWheelEvent* event) {
+    const QPoint turn = event->angleDelta();
+    wheelRest_ += turn.y() != 0 ? turn.y() : turn.x();
+    const int steps = wheelRest_ / kWheelStep;
+    wheelRest_ -= steps * kWheelStep;
+    hsViewOffset_->setValue(hsViewOffset_->value() - steps);
+    event->accept();
+}
+
+void ucTextureList::MoveMark(std::int32_t index) {
+    mark_ = std::clamp(index, 0, editor_.textures.ListCount() - 1);
+    const TextureListLayout layout = Layout();
+    if (mark_ < layout.first) hsViewOffset_->setValue(mark_);
+    // The last one shown may be cut off by the edge.
+    const std::int32_t lastWhole = layout.first + std::max(layout.visible, 1) - 1;
+    if (mark_ > lastWhole) hsViewOffset_->setValue(layout.first + mark_ - lastWhole);
+    update();
+}
+
+void ucTextureList::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return MoveMark(mark_ - 1);
+        case Qt::Key_Right:
+            return MoveMark(mark_ + 1);
+        case Qt::Key_Home:
+            return MoveMark(0);
+        case Qt::Key_End:
+            return MoveMark(editor_.textures.ListCount() - 1);
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return Choose(mark_);
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace korvane

@@ -1,0 +1,254 @@
+#include "views/ui/mOGL3D.h"
+
+#include <GL/glu.h>
+
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QSurfaceFormat>
+#include <algorithm>
+#include <cstring>
+
+#include "base/SingleByteText.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::int32_t kNoFormat = -1;
+constexpr std::int32_t kNoSurface = -2;
+constexpr std::int32_t kNoContext = -3;
+
+constexpr std::size_t kMaxInfo = 1024;
+constexpr std::size_t kMaxExtensions = 8192;
+
+constexpr GLfloat kLightAmbient[] = {0.25F, 0.25F, 0.25F, 1.0F};
+constexpr GLfloat kLightDiffuse[] = {0.8F, 0.8F, 0.8F, 1.0F};
+constexpr GLfloat kLightSpecular[] = {1.0F, 1.0F, 1.0F, 1.0F};
+/// w = 0: a direction, not a place.
+constexpr GLfloat kLightPosition[] = {0.75F, 1.0F, 0.5F, 0.0F};
+
+QSurfaceFormat DesktopFormat() {
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    return format;
+}
+
+}  // namespace
+
+struct RenderContext::Platform {
+    QOffscreenSurface surface;
+    QOpenGLContext context;  // destroyed before its surface
+    GLuint framebuffer = 0;
+    GLuint color = 0;
+    GLuint depth = 0;
+    GLenum depthFormat = GL_DEPTH_COMPONENT24;
+    int width = 0;  // of the framebuffer
+    int height = 0;
+};
+
+RenderContext::RenderContext() = default;
+RenderContext::~RenderContext() {
+    ReleaseRenderContext(*this);
+}
+
+namespace {
+
+using Platform = RenderContext::Platform;
+
+void AllocateStorage(Platform& platform, int width, int height) {
+    QOpenGLFunctions& gl = *platform.context.functions();
+    gl.glBindRenderbuffer(GL_RENDERBUFFER, platform.color);
+    gl.glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
+    gl.glBindRenderbuffer(GL_RENDERBUFFER, platform.depth);
+    gl.glRenderbufferStorage(GL_RENDERBUFFER, platform.depthFormat, width, height);
+    platform.width = width;
+    platform.height = height;
+}
+
+bool IsComplete(Platform& platform) {
+    return platform.context.functions()->glCheckFramebufferStatus(GL_FRAMEBUFFER) ==
+           GL_FRAMEBUFFER_COMPLETE;
+}
+
+/// Makes the framebuffer and leaves it bound for good.
+bool MakeFramebuffer(Platform& platform, std::uint8_t depthBits) {
+    QOpenGLFunctions& gl = *platform.context.functions();
+    gl.glGenFramebuffers(1, &platform.framebuffer);
+    gl.glGenRenderbuffers(1, &platform.color);
+    gl.glGenRenderbuffers(1, &platform.depth);
+    gl.glBindFramebuffer(GL_FRAMEBUFFER, platform.framebuffer);
+    gl.glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
+                                 platform.color);
+    gl.glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER,
+                                 platform.depth);
+    platform.depthFormat = depthBits > 24 ? GL_DEPTH_COMPONENT32 : GL_DEPTH_COMPONENT24;
+    AllocateStorage(platform, 1, 1);
+    if (IsComplete(platform)) return true;
+    platform.depthFormat = GL_DEPTH_COMPONENT24;  // 32 bits are not to be had everywhere
+    AllocateStorage(platform, 1, 1);
+    return IsComplete(platform);
+}
+
+bool IsFormatUsable(std::uint8_t colorBits, std::uint8_t depthBits) {
+    return colorBits >= 1 && colorBits <= 32 && depthBits >= 1 && depthBits <= 32;
+}
+
+bool MakeContext(Platform& platform, std::uint8_t depthBits) {
+    platform.context.setFormat(DesktopFormat());
+    return platform.context.create() && !platform.context.isOpenGLES() &&
+           platform.context.makeCurrent(&platform.surface) && MakeFramebuffer(platform, depthBits);
+}
+
+}  // namespace
+
+std::int32_t CreateRenderContext(RenderContext& context, std::uint8_t colorBits,
+                                 std::uint8_t depthBits) {
+    ReleaseRenderContext(context);
+    if (!IsFormatUsable(colorBits, depthBits)) return kNoFormat;
+    auto platform = std::make_unique<Platform>();
+    platform->surface.setFormat(DesktopFormat());
+    platform->surface.create();
+    if (!platform->surface.isValid()) return kNoSurface;
+    if (!MakeContext(*platform, depthBits)) return kNoContext;
+    context.platform = std::move(platform);
+    context.handle = 1;
+    context.OpenGLReady = true;
+    return context.handle;
+}
+
+bool ReleaseRenderContext(RenderContext& context) {
+    if (context.handle == 0) return true;
+    const bool existed = context.platform != nullptr;
+    if (existed) context.platform->context.doneCurrent();
+    context.platform.reset();
+    context.handle = 0;
+    context.OpenGLReady = false;
+    return existed;
+}
+
+bool MakeCurrent(RenderContext& context) {
+    if (!context.OpenGLReady || !context.platform) return false;
+    Platform& platform = *context.platform;
+    return QOpenGLContext::currentContext() == &platform.context ||
+           platform.context.makeCurrent(&platform.surface);
+}
+
+QOpenGLFunctions& Functions(RenderContext& context) {
+    return *context.platform->context.functions();
+}
+
+void ApplyGLDefaults(RenderContext& context) {
+    if (!MakeCurrent(context)) return;
+    glClearColor(0, 0, 0, 0);
+    glClearDepth(1.0);
+    glShadeModel(GL_SMOOTH);
+    glEnable(GL_DEPTH_TEST);
+    glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST);
+    glAlphaFunc(GL_GREATER, 0.5F);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_CULL_FACE);
+}
+
+void ApplyColorMaterial(RenderContext& context) {
+    if (!MakeCurrent(context)) return;
+    glColorMaterial(GL_FRONT, GL_AMBIENT_AND_DIFFUSE);
+    glEnable(GL_COLOR_MATERIAL);
+}
+
+void ApplyLights(RenderContext& context, bool enabled) {
+    if (!MakeCurrent(context)) return;
+    if (!enabled) {
+        glDisable(GL_LIGHT0);
+        glDisable(GL_LIGHTING);
+        return;
+    }
+    glLightfv(GL_LIGHT0, GL_AMBIENT, kLightAmbient);
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, kLightDiffuse);
+    glLightfv(GL_LIGHT0, GL_SPECULAR, kLightSpecular);
+    PlaceLight();
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT0);
+}
+
+void PlaceLight() {
+    glLightfv(GL_LIGHT0, GL_POSITION, kLightPosition);
+}
+
+void ResizePreviewViewport(RenderContext& context, int width, int height, double farPlane,
+                           double fieldOfView) {
+    if (!MakeCurrent(context)) return;
+    GLint largest = 1;
+    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
+    context.width = std::clamp(width, 0, int{largest});
+    context.height = std::clamp(height, 1, int{largest});
+    Platform& platform = *context.platform;
+    const int storedWidth = std::max(context.width, 1);
+    if (platform.width != storedWidth || platform.height != context.height) {
+        AllocateStorage(platform, storedWidth, context.height);
+    }
+    glViewport(0, 0, context.width, context.height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(fieldOfView, double(context.width) / context.height, 0.1, farPlane);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+namespace {
+
+/// OpenGL delivers the bottom row first and the alpha of the clear colour.
+void TurnUprightAndOpaque(QImage& image) {
+    constexpr QRgb kOpaque = 0xFF000000U;
+    for (int top = 0, bottom = image.height() - 1; top <= bottom; ++top, --bottom) {
+        auto* a = reinterpret_cast<QRgb*>(image.scanLine(top));
+        auto* b = reinterpret_cast<QRgb*>(image.scanLine(bottom));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb upper = b[x] | kOpaque;
+            b[x] = a[x] | kOpaque;
+            a[x] = upper;
+        }
+    }
+}
+
+}  // namespace
+
+void SwapBuffers(RenderContext& context) {
+    if (!MakeCurrent(context)) return;
+    const QSize size(context.width, context.height);
+    if (context.frame.size() != size) context.frame = QImage(size, QImage::Format_RGB32);
+    if (context.frame.isNull()) return;
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, size.width(), size.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+                 context.frame.bits());
+    TurnUprightAndOpaque(context.frame);
+}
+
+std::string TextOfGLString(const unsigned char* bytes, std::size_t limit) {
+    if (bytes == nullptr) return {};
+    const char* text = reinterpret_cast<const char*>(bytes);
+    return FromSingleByte({text, strnlen(text, limit)});
+}
+
+std::vector<std::string> SplitExtensions(std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        const std::size_t space = text.find(' ');
+        words.emplace_back(text.substr(0, space));
+        if (space == std::string_view::npos) break;
+        text.remove_prefix(space + 1);
+    }
+    return words;
+}
+
+OpenGLStrings QueryOpenGLStrings(RenderContext& context) {
+    if (!MakeCurrent(context)) return {};
+    return {TextOfGLString(glGetString(GL_RENDERER), kMaxInfo),
+            TextOfGLString(glGetString(GL_VENDOR), kMaxInfo),
+            TextOfGLString(glGetString(GL_VERSION), kMaxInfo),
+            SplitExtensions(TextOfGLString(glGetString(GL_EXTENSIONS), kMaxExtensions))};
+}
+
+}  // namespace korvane

@@ -1,0 +1,65 @@
+#include "views/ui/ucPreview.h"
+
+#include <QPainter>
+#include <cmath>
+
+namespace korvane {
+
+ucPreview::ucPreview(Editor& editor, RenderContext& context, const TextureObjects& textures,
+                     QWidget* parent)
+    : QWidget(parent), editor_(editor), context_(context), textures_(textures) {
+    setAttribute(Qt::WA_OpaquePaintEvent);  // every pixel is painted, so nothing is erased before
+    setMouseTracking(true);
+    setAccessibleName(tr("3D preview"));
+}
+
+void ucPreview::MarkDirty() {
+    dirty_ = true;
+    update();
+}
+
+QSize ucPreview::DeviceSize() const {
+    const qreal ratio = devicePixelRatioF();
+    return {int(std::lround(width() * ratio)), int(std::lround(height() * ratio))};
+}
+
+void ucPreview::ResizeViewport() {
+    const QSize size = DeviceSize();
+    ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar, kPreviewFieldOfView);
+    MarkDirty();
+}
+
+void ucPreview::RenderNow() {
+    const QSize size = DeviceSize();
+    // A window moved to a screen of another density is not resized in its own pixels.
+    if (QSize(context_.width, context_.height) != size) {
+        ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar,
+                              kPreviewFieldOfView);
+    }
+    RenderPreview(context_, renderer_,
+                  {editor_.scene, editor_.settings, editor_.camera, textures_});
+    dirty_ = false;
+}
+
+void ucPreview::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!context_.OpenGLReady) {
+        const Color color = editor_.settings.colors[ColorItem::View3DBackground];
+        painter.fillRect(rect(), QColor(int(Red(color)), int(Green(color)), int(Blue(color))));
+        return;
+    }
+    if (dirty_) RenderNow();
+    context_.frame.setDevicePixelRatio(devicePixelRatioF());
+    painter.drawImage(0, 0, context_.frame);
+}
+
+void ucPreview::resizeEvent(QResizeEvent*) {
+    ResizeViewport();
+}
+
+void ucPreview::mouseMoveEvent(QMouseEvent*) {
+    editor_.host.ShowStatus(1, "3D");
+    for (const int panel : {2, 3, 4}) editor_.host.ShowStatus(panel, "");
+}
+
+}  // namespace korvane
