@@ -163,7 +163,9 @@ FileWriter FileWithSmallFaces(std::int32_t vertices, std::int32_t faces) {
         for (const std::int32_t value : {3, 0, f % vertices, (f + 1) % vertices}) {
             file.WriteLong(value);
         }
-        file.Append(60);
+        file.Append(52);
+        file.WriteLong(-1);  // no material
+        file.WriteLong(0);
     }
     file.WriteLong(0);
     return file;
