@@ -1,0 +1,179 @@
+#include "views/ui/mRender2D.h"
+
+#include <QFontMetrics>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "base/Rounding.h"
+#include "views/core/mGrid.h"
+#include "views/ui/mRulers.h"
+
+namespace korvane {
+namespace {
+
+/// One paint of one surface: what every layer needs.
+struct Canvas {
+    const Settings& settings;
+    const ViewState& state;
+    PaintSurface& surface;
+    Raster2D raster;
+    double ratio;
+
+    std::uint32_t Ink(ColorItem item) const { return PixelOf(settings.colors[item]); }
+    /// The device pixel of a logical coordinate of the surface.
+    std::int32_t Device(double logical) const { return RoundToInt(logical * ratio); }
+};
+
+Canvas CanvasOf(const Editor& editor, const ViewState& state, PaintSurface& surface) {
+    surface.Resize(state.width, state.height);
+    return {editor.settings, state, surface, surface.Raster(), surface.ratio};
+}
+
+QColor ToQColor(Color color) {
+    return QColor::fromRgb(PixelOf(color));
+}
+
+std::uint32_t GridInk(const Canvas& canvas, GridLine line) {
+    static constexpr ColorItem items[] = {ColorItem::GridNormal, ColorItem::GridMinor,
+                                          ColorItem::GridMajor, ColorItem::GridCenter};
+    return canvas.Ink(items[static_cast<int>(line)]);
+}
+
+/// Fills logical pixels x1..x2 by y1..y2, both ends included.
+void Fill(const Canvas& canvas, int x1, int y1, int x2, int y2, ColorItem item) {
+    FillRect(canvas.raster, canvas.Device(x1), canvas.Device(y1), canvas.Device(x2 + 1) - 1,
+             canvas.Device(y2 + 1) - 1, canvas.Ink(item));
+}
+
+GridRange Columns(const ViewState& state) {
+    return GridRangeOf(state.originX, state.width, state.zoom);
+}
+
+GridRange Rows(const ViewState& state) {
+    return GridRangeOf(state.originY, state.height, state.zoom);
+}
+
+/// Background and vertical grid lines: all rows are alike, so one is drawn and then repeated.
+void DrawColumns(const Canvas& canvas, bool withLines) {
+    const Raster2D& raster = canvas.raster;
+    const Raster2D row{raster.pixels, raster.stride, raster.width, 1};
+    FillRect(row, 0, 0, raster.width - 1, 0, canvas.Ink(ColorItem::View2DBackground));
+    const int thickness = PenPixels(1, canvas.ratio);
+    const auto line = [&](double u, GridLine kind) {
+        const int x = canvas.Device(canvas.state.originX - canvas.state.zoom * u);
+        const int left = x - (thickness - 1) / 2;
+        FillRect(row, left, 0, left + thickness - 1, 0, GridInk(canvas, kind));
+    };
+    if (withLines) WalkGrid(Columns(canvas.state), line);
+    for (std::int32_t y = 1; y < raster.height; ++y)
+        std::copy_n(raster.pixels, raster.width, raster.Row(y));
+}
+
+void DrawRows(const Canvas& canvas) {
+    const int thickness = PenPixels(1, canvas.ratio);
+    WalkGrid(Rows(canvas.state), [&](double u, GridLine kind) {
+        const int y = canvas.Device(canvas.state.originY - canvas.state.zoom * u);
+        const int top = y - (thickness - 1) / 2;
+        FillRect(canvas.raster, 0, top, canvas.raster.width - 1, top + thickness - 1,
+                 GridInk(canvas, kind));
+    });
+}
+
+void DrawScene(const Canvas& canvas, int view, const Scene& scene) {
+    const BrushColors colors = {
+        canvas.Ink(ColorItem::View2DBrushLines),  canvas.Ink(ColorItem::View2DSelectedBrushes),
+        canvas.Ink(ColorItem::View2DEdgeNodes),   canvas.Ink(ColorItem::View2DSelectedEdges),
+        canvas.Ink(ColorItem::View2DVertexNodes), canvas.Ink(ColorItem::View2DSelectedNodes)};
+    const Projection projection = ProjectionOf(canvas.state, view, canvas.ratio);
+    BrushPainter& painter = canvas.surface.brushes;
+    painter.DrawUnselected(canvas.raster, projection, canvas.ratio, scene, colors);
+    painter.DrawSelected(canvas.raster, projection, canvas.ratio, scene, colors);
+    if (scene.markerShown)
+        DrawMarker(canvas.raster, projection, canvas.ratio, scene.marker,
+                   canvas.Ink(ColorItem::RotationMarker), canvas.Ink(ColorItem::View2DBackground));
+}
+
+VerticalRuler LeftRuler(const ViewState& state, bool negated) {
+    return {Rows(state), state.originY, state.zoom, negated};
+}
+
+void DrawRulers(const Canvas& canvas, int view) {
+    static constexpr const char* captions[kViewCount] = {"TOP", "LEFT", "FRONT"};
+    const ViewState& state = canvas.state;
+    const QFont& font = canvas.surface.font;
+    const VerticalRuler left = LeftRuler(state, view == TopView);
+    Fill(canvas, 0, 0, state.width, HorizontalRuler::Height(font), ColorItem::RulerBackground);
+    Fill(canvas, 0, 0, left.Width(font), state.height, ColorItem::RulerBackground);
+
+    QPainter painter(&canvas.surface.image);
+    painter.setPen(ToQColor(canvas.settings.colors[ColorItem::RulerText]));
+    painter.setFont(font);
+    DrawLabels(painter, HorizontalRuler{Columns(state), state.originX, state.zoom});
+    DrawLabels(painter, left);
+    painter.fillRect(0, 0, kCaptionRight + 1, kCaptionBottom + 1,
+                     ToQColor(canvas.settings.colors[ColorItem::RulerBackground]));
+    painter.setFont(CaptionFont(font));
+    painter.drawText(QPointF(1, 1 + painter.fontMetrics().ascent()), captions[view]);
+}
+
+/// The wedge of a level: it points at the ruler and opens to the right edge.
+void DrawLevel(const Canvas& canvas, double rulerWidth, float depth, ColorItem item) {
+    const double tip = DepthToScreen(canvas.state, depth);
+    const double opening = canvas.state.zoom / 4.0;
+    for (const double end : {tip - opening, tip + opening}) {
+        if (!InReach(tip * canvas.ratio) || !InReach(end * canvas.ratio)) continue;
+        DrawThickLine(canvas.raster, {canvas.Device(rulerWidth), canvas.Device(tip)},
+                      {canvas.Device(canvas.state.width), canvas.Device(end)},
+                      PenPixels(1, canvas.ratio), canvas.Ink(item));
+    }
+}
+
+void DrawGaugeRuler(const Canvas& canvas, const VerticalRuler& ruler, int rulerWidth) {
+    Fill(canvas, 0, 0, rulerWidth, canvas.state.height, ColorItem::RulerBackground);
+    QPainter painter(&canvas.surface.image);
+    painter.setPen(ToQColor(canvas.settings.colors[ColorItem::RulerText]));
+    painter.setFont(canvas.surface.font);
+    DrawLabels(painter, ruler);
+}
+
+}  // namespace
+
+void PaintView(const Editor& editor, int view, PaintSurface& surface) {
+    if (view < 0 || view >= kViewCount) return;
+    const Canvas canvas = CanvasOf(editor, editor.views[static_cast<std::size_t>(view)], surface);
+    DrawColumns(canvas, true);
+    DrawRows(canvas);
+    DrawScene(canvas, view, editor.scene);
+    if (editor.settings.showRulers) DrawRulers(canvas, view);
+}
+
+void PaintDepthGauge(const Editor& editor, PaintSurface& surface) {
+    const Canvas canvas = CanvasOf(editor, editor.gauge, surface);
+    const VerticalRuler ruler = LeftRuler(editor.gauge, false);
+    const bool rulers = editor.settings.showRulers;
+    const int rulerWidth = rulers ? ruler.Width(surface.font) : 0;
+    DrawColumns(canvas, false);
+    DrawRows(canvas);
+    DrawLevel(canvas, rulerWidth, editor.depthRange.HI, ColorItem::DepthGaugeHigh);
+    DrawLevel(canvas, rulerWidth, editor.depthRange.LO, ColorItem::DepthGaugeLow);
+    if (rulers) DrawGaugeRuler(canvas, ruler, rulerWidth);
+}
+
+void PaintRubberBand(QPainter& painter, const RubberBand& band, Color color, const QFont& font) {
+    const QPoint from(RoundToInt(band.x1), RoundToInt(band.y1));
+    const QPoint to(RoundToInt(band.x2), RoundToInt(band.y2));
+    painter.setPen(QPen(ToQColor(color), 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRect(from, QSize(to.x() - from.x(), to.y() - from.y())));
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    const auto print = [&](int x, int top, const std::string& text) {
+        painter.drawText(x, top + metrics.ascent(), QString::fromStdString(text));
+    };
+    print(from.x(), from.y() - 2 * metrics.height(), band.size);
+    print(from.x(), from.y() - metrics.height(), band.start);
+    print(to.x() - metrics.horizontalAdvance(QString::fromStdString(band.end)), to.y(), band.end);
+}
+
+}  // namespace korvane

@@ -1,0 +1,121 @@
+#include "views/ui/ucSurface.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace korvane {
+namespace {
+
+MouseButton ToButton(Qt::MouseButtons buttons) {
+    if (buttons & Qt::LeftButton) return MouseButton::Left;
+    if (buttons & Qt::RightButton) return MouseButton::Right;
+    return buttons & Qt::MiddleButton ? MouseButton::Middle : MouseButton::None;
+}
+
+/// Lock keys and the keypad flag are no modifiers.
+unsigned ToModifiers(Qt::KeyboardModifiers modifiers) {
+    return (modifiers & Qt::ShiftModifier ? ShiftKey : NoModifier) |
+           (modifiers & Qt::ControlModifier ? CtrlKey : NoModifier) |
+           (modifiers & Qt::AltModifier ? AltKey : NoModifier);
+}
+
+MouseInput ToInput(const QMouseEvent& event, Qt::MouseButtons buttons) {
+    return {ToButton(buttons), ToModifiers(event.modifiers()),
+            static_cast<float>(event.position().x()), static_cast<float>(event.position().y())};
+}
+
+}  // namespace
+
+ucSurface::ucSurface(Editor& editor, ViewState& state, QWidget* parent)
+    : QWidget(parent), editor_(editor), state_(state) {
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+}
+
+void ucSurface::MarkDirty() {
+    dirty_ = true;
+    update();
+}
+
+bool ucSurface::event(QEvent* event) {
+    const auto type = event->type();
+    if (type == QEvent::FontChange || type == QEvent::ApplicationFontChange) {
+        surface_.font = ViewFont();
+        MarkDirty();
+    }
+    if (type == QEvent::UngrabMouse || type == QEvent::WindowDeactivate) CancelGesture();
+    return QWidget::event(event);
+}
+
+/// Watches the whole program while a button is down: the keyboard focus lies elsewhere.
+bool ucSurface::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    const bool key = type == QEvent::KeyPress || type == QEvent::ShortcutOverride;
+    if (!key || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+        return QWidget::eventFilter(watched, event);
+    event->accept();  // an accepted override keeps the key from becoming a shortcut
+    if (type == QEvent::KeyPress) CancelGesture();
+    return true;
+}
+
+void ucSurface::paintEvent(QPaintEvent*) {
+    const double ratio = devicePixelRatioF();
+    if (dirty_ || ratio != surface_.ratio) {
+        surface_.ratio = ratio;
+        Compose(surface_);
+        dirty_ = false;
+    }
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(0, 0, surface_.image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    PaintOverlay(painter);
+}
+
+void ucSurface::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    state_.width = width();
+    state_.height = height();
+    UpdateViewOrigin(state_);
+    MarkDirty();
+}
+
+void ucSurface::hideEvent(QHideEvent* event) {
+    CancelGesture();
+    QWidget::hideEvent(event);
+}
+
+void ucSurface::mousePressEvent(QMouseEvent* event) {
+    if (!watching_) qApp->installEventFilter(this);
+    watching_ = true;
+    Press(ToInput(*event, event->button()));
+}
+
+/// The second press of a double click is a press like any other.
+void ucSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void ucSurface::mouseMoveEvent(QMouseEvent* event) {
+    Move(ToInput(*event, event->buttons()));
+}
+
+void ucSurface::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton && watching_) {
+        qApp->removeEventFilter(this);
+        watching_ = false;
+    }
+    Release(ToInput(*event, event->button()));
+}
+
+void ucSurface::CancelGesture() {
+    if (!watching_) return;
+    qApp->removeEventFilter(this);
+    watching_ = false;
+    Cancel();
+}
+
+}  // namespace korvane

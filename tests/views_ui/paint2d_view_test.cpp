@@ -1,0 +1,290 @@
+// Pixels of composed 2D views and of the depth gauge. Nothing here depends on a font's shapes.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "editor/mViews.h"
+#include "scene/mBrush.h"
+#include "support/RecordingHost.h"
+#include "views/ui/mRender2D.h"
+#include "views/ui/mRulers.h"
+
+namespace korvane {
+namespace {
+
+/// A Top view of 240 x 200 without rulers; world (0, 0) lies at pixel (120, 100), a unit is 40.
+class PaintViewTest : public testing::Test {
+  protected:
+    PaintViewTest() {
+        for (ViewState& view : editor.views) view.width = 240, view.height = 200, view.zoom = 40;
+        editor.gauge.width = 60;
+        editor.gauge.height = 200;
+        editor.gauge.zoom = 40;
+        UpdateViewOrigins(editor);
+        editor.settings.showRulers = false;
+    }
+
+    Brush& AddBox(const Vec3& low, const Vec3& high) {
+        const auto index = CreateBrush(editor.scene, low, high, 4, editor.Space());
+        return editor.scene.brushes[static_cast<std::size_t>(index)];
+    }
+
+    void Paint(int view = TopView) { PaintView(editor, view, surface); }
+
+    void ExpectAt(int x, int y, ColorItem item) const {
+        EXPECT_EQ(surface.image.pixel(x, y), PixelOf(editor.settings.colors[item]))
+            << "at " << x << ", " << y;
+    }
+
+    int Count(ColorItem item) const {
+        int count = 0;
+        for (int y = 0; y < surface.image.height(); ++y)
+            for (int x = 0; x < surface.image.width(); ++x)
+                count += surface.image.pixel(x, y) == PixelOf(editor.settings.colors[item]);
+        return count;
+    }
+
+    test::RecordingHost host;
+    test::ScriptedPrompts prompts;
+    Editor editor{host, prompts};
+    PaintSurface surface;
+};
+
+TEST_F(PaintViewTest, GridLinesStandEveryHalfUnit) {
+    Paint();
+    EXPECT_EQ(surface.image.size(), QSize(240, 200));
+    ExpectAt(120, 33, ColorItem::GridCenter);
+    ExpectAt(140, 33, ColorItem::GridMinor);
+    ExpectAt(160, 33, ColorItem::GridNormal);
+    ExpectAt(33, 100, ColorItem::GridCenter);
+    ExpectAt(33, 80, ColorItem::GridMinor);
+    ExpectAt(33, 60, ColorItem::GridNormal);
+    ExpectAt(120, 80, ColorItem::GridMinor);  // rows lie on top of columns
+    ExpectAt(33, 33, ColorItem::View2DBackground);
+    editor.views[TopView].panX = 10 * 40;
+    UpdateViewOrigins(editor);
+    Paint();
+    ExpectAt(120, 33, ColorItem::GridMajor);
+}
+
+TEST_F(PaintViewTest, EveryViewShowsItsEdgesWhereTheyAre) {
+    AddBox({-0.3F, 0.2F, -0.7F}, {1.1F, 0.8F, 0.4F});
+    // Pixels are 120 + 40 h and 100 + 40 z or 100 - 40 y.
+    const struct {
+        int view, left, top, right, bottom;
+    } cases[] = {
+        {TopView, 108, 72, 164, 116}, {LeftView, 92, 68, 136, 92}, {FrontView, 108, 68, 164, 92}};
+    for (const auto& c : cases) {
+        Paint(c.view);
+        const int width = c.right - c.left + 1;
+        const int height = c.bottom - c.top + 1;
+        EXPECT_EQ(Count(ColorItem::View2DBrushLines), 2 * width + 2 * height - 4) << c.view;
+        ExpectAt(c.left, c.top, ColorItem::View2DBrushLines);
+        ExpectAt(c.right, c.bottom, ColorItem::View2DBrushLines);
+        ExpectAt(c.left, c.bottom - 3, ColorItem::View2DBrushLines);
+        ExpectAt(c.right - 3, c.top, ColorItem::View2DBrushLines);
+    }
+}
+
+TEST_F(PaintViewTest, SelectedBrushesLieOnTopWhateverTheirOrder) {
+    AddBox({-1, 0, -1}, {1, 1, 1}).selected = true;
+    AddBox({-1, 0, -1}, {1, 1, 0.5F});
+    Paint();
+    ExpectAt(80, 70, ColorItem::View2DSelectedBrushes);
+    ExpectAt(90, 120, ColorItem::View2DBrushLines);
+}
+
+TEST_F(PaintViewTest, NodesAppearInTheirModesOnSelectedBrushesOnly) {
+    AddBox({-2, 0, -2}, {-1, 1, -1});
+    AddBox({0, 0, 0}, {1, 1, 1}).selected = true;
+    const struct {
+        EditMode mode;
+        bool vertices, edges;
+    } cases[] = {{BrushMove, false, false},
+                 {FaceEdit, false, false},
+                 {EdgeMove, false, true},
+                 {VertexMove, true, false}};
+    for (const auto& c : cases) {
+        editor.scene.editMode = c.mode;
+        Paint();
+        EXPECT_EQ(Count(ColorItem::View2DVertexNodes), c.vertices ? 4 * 21 : 0) << c.mode;
+        // Edges along the view's line of sight have their nodes at the corners.
+        EXPECT_EQ(Count(ColorItem::View2DEdgeNodes), c.edges ? 8 * 21 : 0) << c.mode;
+    }
+    ExpectAt(122, 101, ColorItem::View2DVertexNodes);
+    ExpectAt(162, 139, ColorItem::View2DVertexNodes);
+}
+
+TEST_F(PaintViewTest, NodesTellWhetherTheyAreSelected) {
+    Brush& box = AddBox({0, 0, 0}, {1, 1, 1});
+    box.selected = true;
+    const auto select = [&](float x, float z, bool alsoLow) {
+        for (Vertex& vertex : box.vertices)
+            if (vertex.x == x && vertex.z == z && (alsoLow || vertex.y == 1))
+                vertex.selected = true;
+    };
+    select(0, 0, true);
+    select(1, 0, true);
+    select(1, 1, false);
+    editor.scene.editMode = VertexMove;
+    Paint();
+    ExpectAt(120, 100, ColorItem::View2DSelectedNodes);
+    ExpectAt(160, 100, ColorItem::View2DSelectedNodes);
+    ExpectAt(120, 140, ColorItem::View2DVertexNodes);
+    editor.scene.editMode = EdgeMove;
+    Paint();
+    ExpectAt(140, 100, ColorItem::View2DSelectedEdges);
+    ExpectAt(140, 140, ColorItem::View2DEdgeNodes);
+    ExpectAt(160, 140, ColorItem::View2DEdgeNodes);  // one end alone is not enough
+    ExpectAt(120, 100, ColorItem::View2DSelectedEdges);
+}
+
+TEST_F(PaintViewTest, TheMarkerIsARingWithACentre) {
+    editor.scene.marker = {1, 5, -1};
+    Paint();
+    EXPECT_EQ(Count(ColorItem::RotationMarker), 0);
+    editor.scene.markerShown = true;
+    Paint();
+    ExpectAt(160, 60, ColorItem::RotationMarker);
+    ExpectAt(158, 60, ColorItem::RotationMarker);
+    ExpectAt(157, 60, ColorItem::View2DBackground);
+    ExpectAt(155, 60, ColorItem::RotationMarker);
+    EXPECT_EQ(Count(ColorItem::RotationMarker), 80 - 52 + 21);
+    Paint(FrontView);
+    EXPECT_EQ(Count(ColorItem::RotationMarker), 0) << "y = 5 is out of sight there";
+}
+
+TEST_F(PaintViewTest, RulersAreThereOrNot) {
+    Paint();
+    EXPECT_EQ(Count(ColorItem::RulerBackground), 0);
+    EXPECT_EQ(Count(ColorItem::RulerText), Count(ColorItem::GridCenter));  // the same blue
+    editor.settings.showRulers = true;
+    AddBox({-9, 0, -9}, {9, 1, 9});
+    editor.settings.colors[ColorItem::RulerText] = MakeColor(1, 2, 3);
+    Paint();
+    const int top = HorizontalRuler::Height(surface.font);
+    const int left = VerticalRuler{GridRangeOf(100, 200, 40), 100, 40, true}.Width(surface.font);
+    const QRgb strip = PixelOf(editor.settings.colors[ColorItem::RulerBackground]);
+    for (int x = 50; x < 240; x += 7) {
+        EXPECT_NE(surface.image.pixel(x, top),
+                  PixelOf(editor.settings.colors[ColorItem::GridMinor]));
+        EXPECT_NE(surface.image.pixel(x, top + 1), strip);
+    }
+    ExpectAt(left, 190, ColorItem::RulerBackground);
+    EXPECT_NE(surface.image.pixel(left + 1, 190), strip);
+    ExpectAt(kCaptionRight, kCaptionBottom, ColorItem::RulerBackground);
+    EXPECT_GT(Count(ColorItem::RulerText), 10) << "labels and caption";
+}
+
+TEST_F(PaintViewTest, CaptionsFitTheirBox) {
+    const QFontMetrics metrics(CaptionFont(surface.font));
+    for (const char* caption : {"TOP", "LEFT", "FRONT"})
+        EXPECT_LE(1 + metrics.horizontalAdvance(caption), kCaptionRight);
+    EXPECT_LE(metrics.height(), kCaptionBottom);
+}
+
+TEST_F(PaintViewTest, AHighDensityScreenGetsTheSamePictureInMorePixels) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    surface.ratio = 2;
+    Paint();
+    EXPECT_EQ(surface.image.size(), QSize(480, 400));
+    EXPECT_EQ(surface.image.deviceIndependentSize(), QSizeF(240, 200));
+    ExpectAt(240, 66, ColorItem::GridCenter);
+    ExpectAt(241, 66, ColorItem::GridCenter);
+    ExpectAt(242, 66, ColorItem::View2DBackground);
+    ExpectAt(320, 230, ColorItem::View2DBrushLines);
+    ExpectAt(321, 230, ColorItem::View2DBrushLines);
+    ExpectAt(322, 230, ColorItem::View2DBackground);
+}
+
+TEST_F(PaintViewTest, BrokenBrushesAreDrawnAsFarAsTheyGo) {
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float huge = std::numeric_limits<float>::max();
+    AddBox({0, 0, 0}, {1, 1, 1}).vertices.pop_back();
+    Brush& wild = AddBox({0, 0, 0}, {1, 1, 1});
+    wild.selected = true;
+    wild.vertices[0].x = nan;
+    wild.vertices[1].z = -huge;
+    Brush& far = AddBox({-1e30F, 0, 0.25F}, {1e30F, 1, 0.75F});
+    far.selected = true;
+    for (const std::int16_t shape : {Box, Cone, Sphere})
+        for (const EditMode mode : {VertexMove, EdgeMove})
+            for (int view = 0; view < kViewCount; ++view) {
+                for (Brush& brush : editor.scene.brushes) brush.shape = shape;
+                editor.scene.editMode = mode;
+                Paint(view);
+            }
+    for (Brush& brush : editor.scene.brushes) brush.shape = Box;
+    Paint();
+    ExpectAt(5, 110, ColorItem::View2DSelectedBrushes);  // the far box crosses the whole view
+    ExpectAt(235, 130, ColorItem::View2DSelectedBrushes);
+    editor.views[TopView].panX = std::numeric_limits<std::int32_t>::max();
+    editor.views[TopView].panY = std::numeric_limits<std::int32_t>::min();
+    UpdateViewOrigins(editor);
+    editor.settings.showRulers = true;
+    Paint();
+}
+
+TEST_F(PaintViewTest, AnotherIndexPaintsNothing) {
+    PaintView(editor, 3, surface);
+    PaintView(editor, -1, surface);
+    EXPECT_TRUE(surface.image.isNull());
+}
+
+TEST_F(PaintViewTest, GaugeWedgesPointAtTheirLevels) {
+    editor.depthRange = {1, -1};
+    PaintDepthGauge(editor, surface);
+    EXPECT_EQ(surface.image.size(), QSize(60, 200));
+    ExpectAt(0, 60, ColorItem::DepthGaugeHigh);
+    ExpectAt(0, 140, ColorItem::DepthGaugeLow);
+    ExpectAt(30, 55, ColorItem::DepthGaugeHigh);  // opens by a quarter unit at the right edge
+    ExpectAt(30, 65, ColorItem::DepthGaugeHigh);
+    ExpectAt(59, 50, ColorItem::DepthGaugeHigh);
+    ExpectAt(30, 100, ColorItem::GridCenter);
+    ExpectAt(30, 80, ColorItem::GridMinor);
+    EXPECT_EQ(Count(ColorItem::RulerBackground), 0);
+    editor.depthRange = {0.5F, 0.5F};
+    PaintDepthGauge(editor, surface);
+    EXPECT_EQ(Count(ColorItem::DepthGaugeHigh), 0) << "LO lies on top";
+    EXPECT_GT(Count(ColorItem::DepthGaugeLow), 100);
+}
+
+TEST_F(PaintViewTest, GaugeMarksStartAtTheRuler) {
+    editor.settings.showRulers = true;
+    PaintDepthGauge(editor, surface);
+    const int strip = VerticalRuler{GridRangeOf(100, 200, 40), 100, 40, false}.Width(surface.font);
+    for (int x = 0; x <= strip; ++x)
+        EXPECT_NE(surface.image.pixel(x, 20),
+                  PixelOf(editor.settings.colors[ColorItem::DepthGaugeHigh]));
+    ExpectAt(strip + 1, 20, ColorItem::DepthGaugeHigh);
+    ExpectAt(strip, 10, ColorItem::RulerBackground);
+}
+
+TEST_F(PaintViewTest, TheRubberBandIsADottedRectangleWithTexts) {
+    surface.Resize(240, 200);
+    surface.image.fill(Qt::white);
+    QPainter painter(&surface.image);
+    const RubberBand band{50, 60, 90, 100, "[Size: 1.0 x 0.0 x 1.0]", "a", "b"};
+    PaintRubberBand(painter, band, MakeColor(255, 0, 0), surface.font);
+    painter.end();
+    int onTop = 0;
+    for (int x = 50; x <= 90; ++x) onTop += surface.image.pixel(x, 60) == 0xFFFF0000;
+    EXPECT_GT(onTop, 8);
+    EXPECT_LT(onTop, 32) << "dotted, not solid";
+    EXPECT_EQ(surface.image.pixel(70, 80), 0xFFFFFFFF) << "not filled";
+    const auto inked = [&](const QRect& area) {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (surface.image.pixel(x, y) != 0xFFFFFFFF) return true;
+        return false;
+    };
+    const int h = QFontMetrics(surface.font).height();
+    EXPECT_TRUE(inked({50, 60 - 2 * h, 100, h})) << "size";
+    EXPECT_TRUE(inked({50, 60 - h, 20, h - 1})) << "start";
+    EXPECT_TRUE(inked({80, 102, 11, h})) << "end";
+    EXPECT_FALSE(inked({94, 102, 100, h})) << "the last text ends at the right edge";
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,115 @@
+// The widgets of the 2D views and the depth gauge under real mouse and paint events.
+#include <gtest/gtest.h>
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+
+#include "scene/mNormals.h"
+#include "support/RecordingHost.h"
+#include "views/ui/ucDepthGauge.h"
+#include "views/ui/ucView.h"
+
+namespace korvane {
+namespace {
+
+/// A host that forwards redraw requests to one view, as the window does for all.
+struct OneViewHost : test::RecordingHost {
+    ucView* view = nullptr;
+    void RequestRedraw(unsigned set) override {
+        RecordingHost::RequestRedraw(set);
+        if (set & RedrawView(TopView)) view->MarkDirty();
+        if (set & RedrawOverlay(TopView)) view->update();
+    }
+};
+
+class ViewWidgetTest : public testing::Test {
+  protected:
+    ViewWidgetTest() {
+        host.view = &view;
+        // Events of the real pointer over the view would mix with those sent here.
+        QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+        editor.settings.showRulers = false;
+        view.resize(400, 300);
+        view.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&view));
+    }
+
+    void DragTo(const QPoint& from, const QPoint& to) {
+        QTest::mousePress(&view, Qt::LeftButton, {}, from);
+        QTest::mouseMove(&view, to);
+        QCoreApplication::processEvents();
+    }
+
+    QRgb OnScreen(int x, int y) { return view.grab().toImage().pixel(x, y); }
+
+    OneViewHost host;
+    test::ScriptedPrompts prompts;
+    Editor editor{host, prompts};
+    ucView view{editor, TopView};
+};
+
+TEST_F(ViewWidgetTest, AResizeTellsTheViewsState) {
+    EXPECT_EQ(editor.views[TopView].width, 400);
+    EXPECT_EQ(editor.views[TopView].originX, 200);
+    EXPECT_EQ(editor.views[TopView].originY, 150);
+    EXPECT_EQ(OnScreen(200, 33), PixelOf(editor.settings.colors[ColorItem::GridCenter]));
+}
+
+TEST_F(ViewWidgetTest, ADragShowsItsRectangleWithoutRecomposing) {
+    DragTo({200, 150}, {280, 230});
+    const QImage during = view.grab().toImage();
+    const QRgb red = PixelOf(editor.settings.colors[ColorItem::View2DSelectedBrushes]);
+    int dots = 0;
+    for (int x = 200; x <= 280; ++x) dots += during.pixel(x, 230) == red;
+    EXPECT_GT(dots, 15);
+    for (int x = 200; x <= 280; ++x)
+        EXPECT_NE(view.Picture().pixel(x, 230), red) << "the composed picture stays clean";
+    EXPECT_FALSE(host.redraws & RedrawView(TopView));
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {280, 230});
+    ASSERT_EQ(editor.scene.brushCount(), 1);
+    EXPECT_EQ(BrushBounds(editor.scene.brushes[0]), (Bounds{{0, 0, 0}, {1, 2, 1}}));
+    for (int x = 200; x <= 280; ++x) EXPECT_EQ(OnScreen(x, 230), red) << x;
+}
+
+TEST_F(ViewWidgetTest, EscapeEndsADrag) {
+    QWidget elsewhere;  // the keyboard focus need not lie in the view
+    DragTo({200, 150}, {280, 230});
+    QTest::keyClick(&elsewhere, Qt::Key_Escape);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {280, 230});
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    EXPECT_EQ(view.grab().toImage(), view.Picture().convertToFormat(QImage::Format_RGB32));
+    DragTo({200, 150}, {280, 230});
+    view.hide();
+    EXPECT_FALSE(CurrentRubberBand(editor, TopView));
+}
+
+TEST_F(ViewWidgetTest, ARightDragPans) {
+    QTest::mousePress(&view, Qt::RightButton, {}, {100, 100});
+    QTest::mouseMove(&view, {130, 90});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(OnScreen(230, 33), PixelOf(editor.settings.colors[ColorItem::GridCenter]));
+    QTest::mouseRelease(&view, Qt::RightButton, {}, {130, 90});
+    EXPECT_EQ(editor.views[TopView].panX, 30);
+    EXPECT_EQ(editor.views[TopView].panY, -10);
+    EXPECT_EQ(host.commandStateRefreshes, 0) << "no UnSelect";
+}
+
+TEST_F(ViewWidgetTest, TheGaugeDragsItsLevels) {
+    ucDepthGauge gauge(editor);
+    gauge.resize(60, 400);
+    gauge.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&gauge));
+    QTest::mousePress(&gauge, Qt::LeftButton, {}, {30, 40});  // HI = 2 lies at 200 - 160
+    QTest::mouseMove(&gauge, {30, 120});
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(&gauge, Qt::LeftButton, {}, {30, 120});
+    EXPECT_EQ(editor.depthRange.HI, 1.0F);
+    gauge.MarkDirty();
+    EXPECT_EQ(gauge.grab().toImage().pixel(59, 100),
+              PixelOf(editor.settings.colors[ColorItem::DepthGaugeHigh]));
+}
+
+}  // namespace
+}  // namespace korvane
