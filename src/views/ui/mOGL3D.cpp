@@ -78,13 +78,13 @@ bool MakeFramebuffer(Platform& platform, std::uint8_t depthBits) {
     gl.glGenFramebuffers(1, &platform.framebuffer);
     gl.glGenRenderbuffers(1, &platform.color);
     gl.glGenRenderbuffers(1, &platform.depth);
+    platform.depthFormat = depthBits > 24 ? GL_DEPTH_COMPONENT32 : GL_DEPTH_COMPONENT24;
+    AllocateStorage(platform, 1, 1);  // a renderbuffer that was never bound cannot be attached
     gl.glBindFramebuffer(GL_FRAMEBUFFER, platform.framebuffer);
     gl.glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                                  platform.color);
     gl.glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER,
                                  platform.depth);
-    platform.depthFormat = depthBits > 24 ? GL_DEPTH_COMPONENT32 : GL_DEPTH_COMPONENT24;
-    AllocateStorage(platform, 1, 1);
     if (IsComplete(platform)) return true;
     platform.depthFormat = GL_DEPTH_COMPONENT24;  // 32 bits are not to be had everywhere
     AllocateStorage(platform, 1, 1);

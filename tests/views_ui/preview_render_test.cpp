@@ -1,0 +1,336 @@
+// The picture of the preview: against the plain immediate-mode frame, and where it has to be by
+// itself.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "scene/mNormals.h"
+#include "scene/mSelection.h"
+#include "support/ImmediatePreview.h"
+#include "support/PreviewStage.h"
+
+namespace korvane {
+namespace {
+
+using test::PreviewStage;
+
+/// Share of pixels that differ, and how much of the picture shows a brush at all.
+struct Comparison {
+    double different = 0;
+    double covered = 0;
+};
+
+Comparison CompareWithImmediate(PreviewStage& stage) {
+    const QImage ours = stage.Render().copy();
+    test::RenderImmediate(stage.context, stage.Shown());
+    const QImage plain = stage.context.frame.copy();
+    const QRgb empty = plain.pixel(0, 0);
+    int different = 0;
+    int covered = 0;
+    for (int y = 0; y < plain.height(); ++y) {
+        for (int x = 0; x < plain.width(); ++x) {
+            different += ours.pixel(x, y) != plain.pixel(x, y);
+            covered += plain.pixel(x, y) != empty;
+        }
+    }
+    const double all = double(plain.width()) * plain.height();
+    return {different / all, covered / all};
+}
+
+void ExpectLikeImmediate(PreviewStage& stage, const char* what) {
+    const Comparison result = CompareWithImmediate(stage);
+    EXPECT_LE(result.different, 0.0001) << what;
+    EXPECT_GE(result.covered, 0.02) << what << ": hardly anything is seen, the test is void";
+}
+
+/// Boxes, cones and spheres side by side and inside each other, and boxes laid exactly on others.
+void FillStage(PreviewStage& stage) {
+    for (int i = 0; i < 12; ++i) {
+        const float x = float(i % 4) * 1.4F - 3;
+        const float z = float(i / 4) * -1.6F;
+        const auto shape = static_cast<BrushShape>(i % 3);
+        stage.Add({x, 0, z}, {x + 1.5F, 1.5F, z + 1.3F}, i % 4, 5 + i, shape);
+    }
+    stage.Add({-1, 0, 1}, {0, 1, 2}, 1);
+    stage.Add({-1, 0, 1}, {0, 1, 2}, 2);  // hides nothing: drawn second in the same place
+    stage.Add({-0.5F, 0.5F, 1}, {1, 1, 2}, 3);
+    for (Brush& brush : stage.editor.scene.brushes) {
+        for (std::size_t f = 0; f < brush.faces.size(); ++f) {
+            brush.faces[f].smooth = brush.shape != Box ? 1 : 0;
+            brush.faces[f].invisible = f % 5 == 2;
+            brush.faces[f].selected = f % 2 == 0;
+        }
+        Touch(brush);
+    }
+}
+
+TEST(PreviewPictureTest, EqualsImmediateModeFromManyPlaces) {
+    PreviewStage stage;
+    FillStage(stage);
+    struct Place {
+        Camera camera;
+        const char* what;
+    };
+    const Place places[] = {{{0, 3, 5, -30, 0, 0}, "start"},
+                            {{6, 2, 1, -15, 80, 0}, "from the right"},
+                            {{0, 0.7F, -1, 0, 200, 0}, "among the brushes"},
+                            {{0.3F, 12, 0, -90, 0, 0}, "from above"},
+                            {{-3, 0.4F, 4, 20, 340, 0}, "looking up"},
+                            {{-0.5F, 0.5F, 1.5F, -10, 10, 0}, "inside a box"},
+                            {{0, 3, 30, -5, 0, 0}, "far away"}};
+    for (const Place& place : places) {
+        stage.editor.camera = place.camera;
+        ExpectLikeImmediate(stage, place.what);
+    }
+}
+
+TEST(PreviewPictureTest, EqualsImmediateModeWithSelectionAndHiddenFaces) {
+    PreviewStage stage;
+    FillStage(stage);
+    auto& brushes = stage.editor.scene.brushes;
+    ExpectLikeImmediate(stage, "nothing selected");
+    for (std::size_t i = 0; i < brushes.size(); i += 2) brushes[i].selected = true;
+    ExpectLikeImmediate(stage, "every other one selected");
+    stage.editor.settings.showInvisible = false;
+    ExpectLikeImmediate(stage, "without invisible faces");
+    for (Brush& brush : brushes) brush.selected = true;
+    ExpectLikeImmediate(stage, "all selected");
+    ExpectLikeImmediate(stage, "the material left by a tinted frame");
+    for (Brush& brush : brushes) brush.selected = false;
+    stage.editor.settings.show3DGrid = false;
+    ExpectLikeImmediate(stage, "unselected again, no grid");
+}
+
+TEST(PreviewPictureTest, FollowsEveryKindOfChange) {
+    PreviewStage stage;
+    FillStage(stage);
+    auto& brushes = stage.editor.scene.brushes;
+    stage.Render();
+    for (Vertex& vertex : brushes[5].vertices) vertex.y += 0.7F;
+    UpdateBrushNormals(brushes[5]);
+    Touch(brushes[5]);
+    ExpectLikeImmediate(stage, "moved");
+    brushes[2].faces.pop_back();
+    Touch(brushes[2]);
+    ExpectLikeImmediate(stage, "fewer faces");
+    stage.Add({-1, 1, 2}, {1, 2, 2.5F}, 2, 12, Sphere);
+    ExpectLikeImmediate(stage, "one more");
+    DeleteBrush(stage.editor.scene, 1);
+    ExpectLikeImmediate(stage, "one less: the others move up");
+    std::swap(brushes[0], brushes[3]);
+    ExpectLikeImmediate(stage, "order changed");
+    for (BrushFace& face : brushes[4].faces) face.texture = 3;
+    Touch(brushes[4]);
+    ExpectLikeImmediate(stage, "another texture");
+    ClearScene(stage.editor.scene);
+    FillStage(stage);
+    ExpectLikeImmediate(stage, "a new scene");
+}
+
+TEST(PreviewPictureTest, OfTwoFacesInOnePlaceTheFirstShows) {
+    PreviewStage stage;
+    stage.LookFrom(0.5F, 0.5F, 3);
+    stage.Add({0, 0, 0}, {1, 1, 1}, 0);
+    const QRgb alone = stage.Render().pixel(160, 120);
+    stage.Add({0, 0, 0}, {1, 1, 1}, 1);
+    EXPECT_EQ(stage.Render().pixel(160, 120), alone);
+    std::swap(stage.editor.scene.brushes[0], stage.editor.scene.brushes[1]);
+    EXPECT_NE(stage.Render().pixel(160, 120), alone);
+}
+
+/// The brightness that the light gives a face of the normal, 0..255, by hand: ambient of scene and
+/// light, plus the diffuse part.
+int Lit(double nx, double ny, double nz) {
+    const double length = std::sqrt(0.75 * 0.75 + 1 + 0.5 * 0.5);
+    const double facing = std::max(0.0, (0.75 * nx + 1.0 * ny + 0.5 * nz) / length);
+    return int(std::lround(255 * std::min(1.0, 0.2 + 0.25 + 0.8 * facing)));
+}
+
+void ExpectColor(QRgb pixel, int r, int g, int b, const char* what) {
+    EXPECT_NEAR(qRed(pixel), r, 2) << what;
+    EXPECT_NEAR(qGreen(pixel), g, 2) << what;
+    EXPECT_NEAR(qBlue(pixel), b, 2) << what;
+}
+
+TEST(PreviewPictureTest, FacesAreLitFromTheWorldsLight) {
+    PreviewStage stage;
+    stage.editor.settings.show3DGrid = false;
+    stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
+    struct Side {
+        Camera camera;
+        int light;
+        const char* what;
+    };
+    const Side sides[] = {{{0, 0, 3, 0, 0, 0}, Lit(0, 0, 1), "front"},
+                          {{0, 0, -3, 0, 180, 0}, Lit(0, 0, -1), "back"},
+                          {{3, 0, 0, 0, 90, 0}, Lit(1, 0, 0), "right"},
+                          {{-3, 0, 0, 0, 270, 0}, Lit(-1, 0, 0), "left"},
+                          {{0, 3, 0, -90, 0, 0}, Lit(0, 1, 0), "top"},
+                          {{0, -3, 0, 90, 0, 0}, Lit(0, -1, 0), "bottom"}};
+    for (const Side& side : sides) {
+        stage.editor.camera = side.camera;
+        ExpectColor(stage.Render().pixel(160, 120), side.light, side.light, side.light, side.what);
+    }
+}
+
+TEST(PreviewPictureTest, TheSelectionIsTinted) {
+    PreviewStage stage;
+    stage.editor.settings.show3DGrid = false;
+    stage.LookFrom(0, 0, 3);
+    Brush& brush = stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
+    const int light = Lit(0, 0, 1);
+    const auto center = [&] { return stage.Render().pixel(160, 120); };
+    brush.selected = true;
+    ExpectColor(center(), light, light * 128 / 255, light * 128 / 255, "selected brush");
+    for (BrushFace& face : brush.faces) face.selected = true;
+    Touch(brush);
+    ExpectColor(center(), light, light, light * 128 / 255, "selected face");
+    brush.selected = false;
+    ExpectColor(center(), light, light, light, "a face counts only in a selected brush");
+    stage.editor.settings.colors[ColorItem::View3DSelectedFaces] = MakeColor(0, 255, 0);
+    brush.selected = true;
+    ExpectColor(center(), 0, light, 0, "the scheme's colour");
+}
+
+TEST(PreviewPictureTest, TheBoxEndsWhereItsEdgesAre) {
+    PreviewStage stage(400, 400);
+    stage.editor.settings.show3DGrid = false;
+    stage.LookFrom(0, 0, 10.5F);
+    stage.Add({-1, -1, -0.5F}, {1, 1, 0.5F}, 0);
+    // Ten units away half the height of the view is 10 * tan(22.5 degrees) = 4.1421 units.
+    const double reach = 200 / (10 * std::tan(22.5 * kPi / 180));
+    const QImage& frame = stage.Render();
+    const QRgb background = qRgb(0, 0, 0);
+    for (const int sign : {-1, 1}) {
+        const double edge = 200 + sign * reach;
+        const int inside = int(std::floor(edge - sign));
+        const int outside = int(std::floor(edge + sign));
+        EXPECT_NE(frame.pixel(inside, 200), background) << sign;
+        EXPECT_EQ(frame.pixel(outside, 200), background) << sign;
+        EXPECT_NE(frame.pixel(200, inside), background) << sign;
+        EXPECT_EQ(frame.pixel(200, outside), background) << sign;
+    }
+}
+
+TEST(PreviewPictureTest, BackgroundAndInvisibleFacesFollowTheSettings) {
+    PreviewStage stage;
+    stage.LookFrom(0, 0, 3);
+    stage.editor.settings.colors[ColorItem::View3DBackground] = MakeColor(10, 20, 30);
+    stage.editor.settings.show3DGrid = false;
+    Brush& brush = stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
+    for (BrushFace& face : brush.faces) face.invisible = true;
+    Touch(brush);
+    EXPECT_NE(stage.Render().pixel(160, 120), qRgb(10, 20, 30));
+    stage.editor.settings.showInvisible = false;
+    EXPECT_EQ(stage.Render().pixel(160, 120), qRgb(10, 20, 30));
+}
+
+/// World x of the grid lines parallel to Z that cross the horizontal middle line of the picture,
+/// seen straight from above.
+std::vector<double> GridLines(PreviewStage& stage) {
+    const QImage& frame = stage.Render();
+    const double unitsPerPixel =
+        2 * stage.editor.camera.y * std::tan(22.5 * kPi / 180) / frame.height();
+    std::vector<double> lines;
+    for (int x = 0; x < frame.width(); ++x) {
+        if (frame.pixel(x, frame.height() / 2) == qRgb(64, 64, 80)) {
+            lines.push_back(stage.editor.camera.x + (x + 0.5 - frame.width() / 2) * unitsPerPixel);
+        }
+    }
+    return lines;
+}
+
+TEST(PreviewGridTest, StaysInTheWorldAndFollowsInWholeUnits) {
+    PreviewStage stage(1600, 300);
+    // From here the picture shows more than the 81 lines.
+    for (const float x : {0.25F, 0.75F, 1.25F, -0.25F}) {
+        stage.LookFrom(x, 22, 0.4F, -90);
+        const std::vector<double> lines = GridLines(stage);
+        ASSERT_EQ(lines.size(), 81U) << x;
+        EXPECT_NEAR(lines.front(), std::floor(x) - 40, 0.07) << x;
+        EXPECT_NEAR(lines.back(), std::floor(x) + 40, 0.07) << x;
+    }
+    stage.editor.settings.show3DGrid = false;
+    EXPECT_TRUE(GridLines(stage).empty());
+}
+
+TEST(PreviewPictureTest, StrangeScenesAreDrawnWithoutHarm) {
+    PreviewStage stage;
+    stage.Add({0, 0, 0}, {1, 1, 1}, 0);
+    auto& brush = stage.editor.scene.brushes[0];
+    AddBrush(stage.editor.scene, "", "");  // nothing in it
+    brush.faces[0].texture = 99;           // not in the library
+    brush.faces[1].texture = -3;
+    brush.faces[2].a = 4711;                                 // no such vertex
+    brush.faces[3].a = brush.faces[3].b = brush.faces[3].c;  // no area
+    brush.vertices[0].x = std::numeric_limits<float>::quiet_NaN();
+    brush.vertices[1].y = std::numeric_limits<float>::infinity();
+    brush.vertices[2].z = 3e38F;
+    Touch(brush);
+    stage.Render();
+    EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
+    EXPECT_EQ(stage.renderer.mesh.faces.size(), stage.editor.scene.brushes[0].faces.size() - 1);
+}
+
+TEST(PreviewPictureTest, BrushesBeyondTheWorkingRangeAreNotLost) {
+    PreviewStage stage;
+    stage.LookFrom(5000, 0, 3);
+    stage.Add({4999, -1, -1}, {5001, 1, 0}, 0);
+    ExpectLikeImmediate(stage, "far from the origin");
+}
+
+/// The names under the middle of the view with their least depth, as selection mode reports them.
+std::vector<std::pair<unsigned, unsigned>> Pick(PreviewStage& stage) {
+    std::array<GLuint, 512> hits{};
+    glSelectBuffer(GLsizei(hits.size()), hits.data());
+    glRenderMode(GL_SELECT);
+    glInitNames();
+    glPushName(0);
+    stage.renderer.PickRendering = true;
+    RenderPreview(stage.context, stage.renderer, stage.Shown());
+    stage.renderer.PickRendering = false;
+    const GLint count = glRenderMode(GL_RENDER);
+    std::vector<std::pair<unsigned, unsigned>> names;
+    for (GLint i = 0; i < count; ++i) names.push_back({hits[i * 4 + 3], hits[i * 4 + 1]});
+    return names;
+}
+
+TEST(PreviewPickTest, NamesBrushesAndLeavesTheShownFrameAlone) {
+    PreviewStage stage;
+    stage.LookFrom(0, 0, 5);
+    stage.Add({-1, -1, -3}, {1, 1, -2}, 0);
+    stage.Add({-1, -1, 0}, {1, 1, 1}, 0);
+    stage.Add({-1, -1, 8}, {1, 1, 9}, 0);  // behind the eye
+    stage.LookFrom(0, 0, 6);
+    const QImage before = stage.Render().copy();
+    stage.LookFrom(0, 0, 5);
+    const auto hits = Pick(stage);
+    EXPECT_EQ(stage.context.frame, before);
+    ASSERT_EQ(hits.size(), 2U);
+    EXPECT_EQ(hits[0].first, 0U);
+    EXPECT_EQ(hits[1].first, 1U);
+    EXPECT_LT(hits[1].second, hits[0].second) << "the second brush is nearer";
+}
+
+TEST(PreviewPickTest, NamesTheFacesOfTheOneSelectedBrush) {
+    PreviewStage stage;
+    stage.LookFrom(0, 0, 5);
+    stage.Add({-1, -1, -3}, {1, 1, -2}, 0);
+    stage.Add({-1, -1, 0}, {1, 1, 1}, 0).selected = true;
+    stage.editor.scene.editMode = FaceEdit;
+    const auto& faces = stage.editor.scene.brushes[1].faces;
+    int named = 0;
+    for (const auto& [name, depth] : Pick(stage)) {
+        if (name == kNoPickName) continue;
+        ++named;
+        ASSERT_LT(name, faces.size());
+        EXPECT_EQ(faces[name].normal.z, 1) << "only the front is turned to the eye";
+    }
+    EXPECT_EQ(named, 2);
+    stage.editor.scene.brushes[0].selected = true;
+    for (const auto& [name, depth] : Pick(stage)) EXPECT_EQ(name, kNoPickName);
+}
+
+}  // namespace
+}  // namespace korvane
