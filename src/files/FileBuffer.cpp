@@ -66,16 +66,6 @@ void FileWriter::SetLong(std::size_t at, std::int32_t value) {
     StoreLong(bytes_.data() + at, value);
 }
 
-const std::uint8_t* FileReader::Take(std::size_t count) {
-    if (!good_ || count > Remaining()) {
-        good_ = false;
-        return nullptr;
-    }
-    const std::uint8_t* taken = bytes_.data() + cursor_;
-    cursor_ += count;
-    return taken;
-}
-
 std::uint8_t FileReader::ReadByte() {
     const std::uint8_t* at = Take(1);
     return at ? *at : 0;

@@ -60,7 +60,15 @@ class FileReader {
     /// negative or when that many cannot fit in what remains.
     std::int32_t ReadCount(std::size_t recordSize);
     /// The next `count` bytes, or nullptr (a failure) when fewer remain.
-    const std::uint8_t* Take(std::size_t count);
+    const std::uint8_t* Take(std::size_t count) {
+        if (!good_ || count > Remaining()) {
+            good_ = false;
+            return nullptr;
+        }
+        const std::uint8_t* taken = bytes_.data() + cursor_;
+        cursor_ += count;
+        return taken;
+    }
 
     bool Good() const { return good_; }
     /// Marks the file as invalid.

@@ -79,7 +79,9 @@ class ObjectReader {
         std::vector<Brush> brushes;
         brushes.reserve(count);
         for (std::int32_t i = 0; i < count && file_.Good(); ++i) {
-            brushes.push_back(ReadBrush(DefaultBrushName(firstIndex + i)));
+            Brush& brush = brushes.emplace_back();
+            brush.name = DefaultBrushName(firstIndex + i);
+            ReadBrush(brush);
         }
         if (!file_.Good()) return std::nullopt;
         return brushes;
@@ -93,9 +95,7 @@ class ObjectReader {
         return matches && file_.Good();
     }
 
-    Brush ReadBrush(std::string name) {
-        Brush brush;
-        brush.name = std::move(name);
+    void ReadBrush(Brush& brush) {
         file_.Skip(file_.ReadLong());  // the stored name: brushes are named by their place
         brush.group = file_.ReadCountedString();
         if (withSelection_) brush.selected = file_.ReadByte() != 0;
@@ -109,7 +109,6 @@ class ObjectReader {
         file_.Skip(extension);
         if (file_.Good()) UpdateBrushNormals(brush);
         Touch(brush);
-        return brush;
     }
 
     void ReadVertices(Brush& brush) {
@@ -125,9 +124,9 @@ class ObjectReader {
 
     void ReadFaces(Brush& brush) {
         const std::int32_t count = file_.ReadCount(kFaceFields + selectedSize_ + kExtensionLength);
-        brush.faces.reserve(count);
-        for (std::int32_t i = 0; i < count && file_.Good(); ++i) {
-            ReadFace(brush.faces.emplace_back(), brush.vertices.size());
+        brush.faces.resize(count, BrushFace{});
+        for (BrushFace& face : brush.faces) {
+            if (file_.Good()) ReadFace(face, brush.vertices.size());
         }
     }
 
@@ -144,8 +143,10 @@ class ObjectReader {
         if (withSelection_) face.selected = from[kFaceFields] != 0;
         std::int32_t extension = FetchLong(from + kFaceFields + selectedSize_);
         if (extension == kFaceExtension) {
-            face.smooth = file_.ReadByte();
-            extension = file_.ReadLong();
+            from = file_.Take(kFaceExtension);
+            if (!from) return;
+            face.smooth = *from;
+            extension = FetchLong(from + 1);
         }
         file_.Skip(extension);
     }

@@ -150,7 +150,8 @@ FileWriter FileWithVertices(std::int32_t vertices) {
     file.Append(8);
     file.WriteLong(vertices);
     for (std::int32_t v = 0; v < vertices; ++v) {
-        for (int axis = 0; axis < 3; ++axis) file.WriteSingle(static_cast<float>(v * (axis + v)));
+        for (int axis = 0; axis < 3; ++axis)
+            file.WriteSingle(static_cast<float>(v) * static_cast<float>(axis + v));
     }
     return file;
 }
