@@ -14,6 +14,12 @@ QFont ViewFont() {
     return font;
 }
 
+void PaintSurface::RefreshFont() {
+    font = ViewFont();
+    captionFont = CaptionFont(font);
+    labels = LabelCache(font);
+}
+
 void PaintSurface::Resize(int width, int height) {
     const QSize size(static_cast<int>(std::ceil(std::max(width, 1) * ratio)),
                      static_cast<int>(std::ceil(std::max(height, 1) * ratio)));

@@ -7,6 +7,7 @@
 #include "files/Settings.h"
 #include "views/ui/Raster2D.h"
 #include "views/ui/mBrushLines.h"
+#include "views/ui/mRulers.h"
 
 namespace korvane {
 
@@ -24,7 +25,12 @@ struct PaintSurface {
     QImage image;
     double ratio = 1;
     QFont font = ViewFont();
+    QFont captionFont = CaptionFont(font);
+    LabelCache labels{font};
     BrushPainter brushes;
+
+    /// Takes the application's font anew.
+    void RefreshFont();
 
     /// Makes the picture that many logical pixels large; its contents are undefined afterwards.
     void Resize(int width, int height);

@@ -109,11 +109,12 @@ void DrawRulers(const Canvas& canvas, int view) {
     QPainter painter(&canvas.surface.image);
     painter.setPen(ToQColor(canvas.settings.colors[ColorItem::RulerText]));
     painter.setFont(font);
-    DrawLabels(painter, HorizontalRuler{Columns(state), state.originX, state.zoom});
-    DrawLabels(painter, left);
+    DrawLabels(painter, HorizontalRuler{Columns(state), state.originX, state.zoom},
+               canvas.surface.labels);
+    DrawLabels(painter, left, canvas.surface.labels);
     painter.fillRect(0, 0, kCaptionRight + 1, kCaptionBottom + 1,
                      ToQColor(canvas.settings.colors[ColorItem::RulerBackground]));
-    painter.setFont(CaptionFont(font));
+    painter.setFont(canvas.surface.captionFont);
     painter.drawText(QPointF(1, 1 + painter.fontMetrics().ascent()), captions[view]);
 }
 
@@ -134,7 +135,7 @@ void DrawGaugeRuler(const Canvas& canvas, const VerticalRuler& ruler, int rulerW
     QPainter painter(&canvas.surface.image);
     painter.setPen(ToQColor(canvas.settings.colors[ColorItem::RulerText]));
     painter.setFont(canvas.surface.font);
-    DrawLabels(painter, ruler);
+    DrawLabels(painter, ruler, canvas.surface.labels);
 }
 
 }  // namespace

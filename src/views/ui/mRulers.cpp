@@ -4,13 +4,15 @@
 #include <QPainter>
 #include <QString>
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "base/NumberText.h"
 
 namespace korvane {
 namespace {
 
-QString Label(double value) {
+QString LabelText(double value) {
     return QString::fromLatin1(FormatFixed(value, 1, 1).c_str());
 }
 
@@ -25,8 +27,8 @@ void ForEachLabel(const GridRange& range, int zoom, Print print) {
 
 int VerticalRuler::Width(const QFont& font) const {
     const QFontMetrics metrics(font);
-    return std::max(metrics.horizontalAdvance(Label(Value(range.first))),
-                    metrics.horizontalAdvance(Label(Value(range.last)))) +
+    return std::max(metrics.horizontalAdvance(LabelText(Value(range.first))),
+                    metrics.horizontalAdvance(LabelText(Value(range.last)))) +
            1;
 }
 
@@ -34,21 +36,29 @@ int HorizontalRuler::Height(const QFont& font) {
     return QFontMetrics(font).height() + 1;
 }
 
-void DrawLabels(QPainter& painter, const VerticalRuler& ruler) {
-    const QFontMetrics metrics(painter.font());
-    const double toBaseline = metrics.ascent() - metrics.height() * 0.5;
+const QStaticText& LabelCache::Label(double value) {
+    constexpr std::size_t kMostLabels = 1000;  // a pan across a large world goes through many
+    if (const auto known = labels_.find(value); known != labels_.end()) return known->second;
+    if (labels_.size() >= kMostLabels) labels_.clear();
+    QStaticText text(LabelText(value));
+    text.setTextFormat(Qt::PlainText);
+    text.prepare({}, font_);
+    return labels_.emplace(value, std::move(text)).first->second;
+}
+
+void DrawLabels(QPainter& painter, const VerticalRuler& ruler, LabelCache& cache) {
+    const double halfHeight = painter.fontMetrics().height() * 0.5;
     ForEachLabel(ruler.range, ruler.zoom, [&](double u) {
-        const double y = ruler.originY - ruler.zoom * u;
-        painter.drawText(QPointF(0, y + toBaseline), Label(ruler.Value(u)));
+        const double y = ruler.originY - ruler.zoom * u - halfHeight;
+        painter.drawStaticText(QPointF(0, y), cache.Label(ruler.Value(u)));
     });
 }
 
-void DrawLabels(QPainter& painter, const HorizontalRuler& ruler) {
-    const QFontMetrics metrics(painter.font());
+void DrawLabels(QPainter& painter, const HorizontalRuler& ruler, LabelCache& cache) {
     ForEachLabel(ruler.range, ruler.zoom, [&](double u) {
-        const QString text = Label(-u);
-        const double x = ruler.originX - ruler.zoom * u - metrics.horizontalAdvance(text) * 0.5;
-        painter.drawText(QPointF(x, metrics.ascent()), text);
+        const QStaticText& text = cache.Label(-u);
+        const double x = ruler.originX - ruler.zoom * u - text.size().width() * 0.5;
+        painter.drawStaticText(QPointF(x, 0), text);
     });
 }
 

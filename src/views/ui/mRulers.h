@@ -2,11 +2,12 @@
 #pragma once
 
 #include <QFont>
+#include <QStaticText>
+#include <unordered_map>
 
 #include "views/core/mGrid.h"
 
 class QPainter;
-class QColor;
 
 namespace korvane {
 
@@ -34,9 +35,23 @@ struct HorizontalRuler {
     static int Height(const QFont& font);
 };
 
-/// Prints the labels with the painter's font and pen; the strip is already filled.
-void DrawLabels(QPainter& painter, const VerticalRuler& ruler);
-void DrawLabels(QPainter& painter, const HorizontalRuler& ruler);
+/// Labels laid out once for one font: shaping text is most of a ruler's cost.
+class LabelCache {
+  public:
+    explicit LabelCache(const QFont& font) : font_(font) {}
+
+    /// The label of a multiple of 0.5.
+    const QStaticText& Label(double value);
+
+  private:
+    QFont font_;
+    std::unordered_map<double, QStaticText> labels_;
+};
+
+/// Prints the labels with the painter's pen and font, which is that of the cache; the strip is
+/// already filled.
+void DrawLabels(QPainter& painter, const VerticalRuler& ruler, LabelCache& cache);
+void DrawLabels(QPainter& painter, const HorizontalRuler& ruler, LabelCache& cache);
 
 /// The logical pixels of the caption's box, both last ones included.
 inline constexpr int kCaptionRight = 45;

@@ -43,7 +43,7 @@ void ucSurface::MarkDirty() {
 bool ucSurface::event(QEvent* event) {
     const auto type = event->type();
     if (type == QEvent::FontChange || type == QEvent::ApplicationFontChange) {
-        surface_.font = ViewFont();
+        surface_.RefreshFont();
         MarkDirty();
     }
     if (type == QEvent::UngrabMouse || type == QEvent::WindowDeactivate) CancelGesture();
