@@ -12,6 +12,7 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <span>
 
 namespace korvane {
 namespace {
@@ -36,7 +37,7 @@ struct Sum {
     }
 };
 
-Vec3 UnitNormal(const Vec3& a, const Vec3& b, const Vec3& c) {
+inline Vec3 UnitNormal(const Vec3& a, const Vec3& b, const Vec3& c) {
     const double ux = double{a.x} - c.x, uy = double{a.y} - c.y, uz = double{a.z} - c.z;
     const double vx = double{b.x} - c.x, vy = double{b.y} - c.y, vz = double{b.z} - c.z;
     const double x = uy * vz - uz * vy;
@@ -58,55 +59,50 @@ bool AddsExactly(const Vec3& n) {
     return whole(n.x) && whole(n.y) && whole(n.z);
 }
 
-/// The distinct normals at one vertex in the order of their first appearance. Short lists are
-/// searched, long ones (apexes, poles) hashed.
+/// A side as the averages need it.
+struct Side {
+    Vec3 normal;
+    bool addsExactly;
+    std::uint32_t face;
+    std::array<std::uint32_t, 3> vertices;
+};
+
+/// The distinct normals at one vertex in the order of their first appearance, hashed.
 class DistinctNormals {
   public:
-    void Clear() {
+    /// Empties the list and makes room for up to `limit` normals.
+    void Reset(std::size_t limit) {
         normals_.clear();
-        slots_.clear();
+        slots_.assign(std::bit_ceil(2 * limit), kFree);
         exact_ = true;
     }
 
-    /// Index of the normal in the list, adding it where it is new. -0 equals +0.
-    std::uint32_t IndexOf(const Vec3& n) {
-        if (!slots_.empty()) return IndexByHash(n);
-        const auto count = static_cast<std::uint32_t>(normals_.size());
-        for (std::uint32_t i = 0; i < count; ++i) {
-            if (normals_[i] == n) return i;
+    /// Index of the side's normal in the list, adding it where it is new. -0 equals +0.
+    std::uint32_t IndexOf(const Side& side) {
+        std::uint32_t& slot = SlotOf(side.normal);
+        if (slot == kFree) {
+            slot = static_cast<std::uint32_t>(normals_.size());
+            normals_.push_back(side.normal);
+            exact_ = exact_ && side.addsExactly;
         }
-        Append(n);
-        if (normals_.size() > kMaxSearched) Rehash(8 * kMaxSearched);
-        return count;
+        return slot;
     }
 
-    /// The averages that a face sees whose own normal is entry i, for every i.
-    void AverageInto(std::vector<Vec3>& averages) const {
-        const std::size_t count = normals_.size();
-        averages.clear();
-        if (exact_ && count <= kMaxExact) {
-            Sum sum;
-            for (const Vec3& n : normals_) sum.Add(n);
-            averages.assign(count, sum.Average(count));
-            return;
+    /// The average that a face sees whose own normal is the given entry.
+    Vec3 AverageFrom(std::uint32_t own) const {
+        Sum sum;
+        sum.Add(normals_[own]);
+        for (std::uint32_t i = 0; i < normals_.size(); ++i) {
+            if (i != own) sum.Add(normals_[i]);
         }
-        for (std::size_t own = 0; own < count; ++own) {
-            Sum sum;
-            sum.Add(normals_[own]);
-            for (std::size_t i = 0; i < count; ++i) {
-                if (i != own) sum.Add(normals_[i]);
-            }
-            averages.push_back(sum.Average(count));
-        }
+        return sum.Average(normals_.size());
     }
+
+    /// Whether all faces see the same average, whatever the order of summation.
+    bool Exact() const { return exact_ && normals_.size() <= kMaxExact; }
 
   private:
-    static constexpr std::size_t kMaxSearched = 16;
-
-    void Append(const Vec3& n) {
-        normals_.push_back(n);
-        exact_ = exact_ && AddsExactly(n);
-    }
+    static constexpr std::uint32_t kFree = 0xFFFFFFFFU;
 
     static std::size_t HashOf(const Vec3& n) {
         const auto bits = [](float f) -> std::uint64_t {
@@ -121,95 +117,126 @@ class DistinctNormals {
     std::uint32_t& SlotOf(const Vec3& n) {
         const std::size_t mask = slots_.size() - 1;
         std::size_t s = HashOf(n) & mask;
-        while (slots_[s] != 0 && !(normals_[slots_[s] - 1] == n)) s = (s + 1) & mask;
+        while (slots_[s] != kFree && !(normals_[slots_[s]] == n)) s = (s + 1) & mask;
         return slots_[s];
     }
 
-    void Rehash(std::size_t size) {
-        slots_.assign(size, 0);
-        for (std::uint32_t i = 0; i < normals_.size(); ++i) SlotOf(normals_[i]) = i + 1;
-    }
-
-    std::uint32_t IndexByHash(const Vec3& n) {
-        std::uint32_t& slot = SlotOf(n);
-        if (slot != 0) return slot - 1;
-        Append(n);
-        const auto count = static_cast<std::uint32_t>(normals_.size());
-        slot = count;
-        if (2 * normals_.size() > slots_.size()) Rehash(2 * slots_.size());
-        return count - 1;
-    }
-
     std::vector<Vec3> normals_;
-    std::vector<std::uint32_t> slots_;  // index + 1 into normals_, 0 free; empty: not hashed
+    std::vector<std::uint32_t> slots_;  // indices into normals_
     bool exact_ = true;
 };
 
-/// One corner of a side.
-struct Corner {
-    std::uint32_t face;
-    std::uint32_t place;  // 0..2 for a, b, c
-};
-
-/// Averages the normals of the sides at every vertex. The lists live on from brush to brush, so
-/// that a recomputation allocates nothing.
-class Smoother {
+/// Computes the normals of a brush. The lists live on from brush to brush, so that a recomputation
+/// allocates nothing.
+class NormalUpdate {
   public:
     void Run(Brush& brush) {
-        Collect(brush);
-        for (std::size_t v = 0; v < brush.vertices.size(); ++v) SmoothVertex(brush, v);
+        ComputeFaceNormals(brush);
+        ListSidesOfVertices();
+        AverageVertices();
+        StoreAverages(brush);
+        for (const std::uint32_t v : careful_) StoreOwnAverages(brush, v);
     }
 
   private:
-    /// Lists the side corners of every vertex in face order: those of vertex v stand in corners_
-    /// from ends_[v - 1] (0 for the first) to ends_[v].
-    void Collect(const Brush& brush) {
+    using SideIndices = std::span<const std::uint32_t>;
+
+    void ComputeFaceNormals(Brush& brush) {
+        sides_.clear();
         ends_.assign(brush.vertices.size() + 1, 0);
-        ForSideCorners(brush, [&](std::int32_t v, Corner) { ++ends_[Index(v) + 1]; });
+        std::uint32_t f = 0;
+        for (BrushFace& face : brush.faces) {
+            const std::array<std::uint32_t, 3> v{Index(face.a), Index(face.b), Index(face.c)};
+            face.normal =
+                UnitNormal(brush.vertices[v[0]].Position(), brush.vertices[v[1]].Position(),
+                           brush.vertices[v[2]].Position());
+            if (face.polygonId > kLastCapId) {
+                sides_.push_back({face.normal, AddsExactly(face.normal), f, v});
+                for (const std::uint32_t vertex : v) ++ends_[vertex + 1];
+            } else {
+                face.cornerNormals.fill(face.normal);
+            }
+            ++f;
+        }
+    }
+
+    /// Sorts the sides by vertex: those of vertex v, in face order, stand in sidesOf_ from
+    /// ends_[v - 1] (0 for the first) to ends_[v].
+    void ListSidesOfVertices() {
         for (std::size_t v = 1; v < ends_.size(); ++v) ends_[v] += ends_[v - 1];
-        corners_.resize(ends_.back());
-        ForSideCorners(brush, [&](std::int32_t v, Corner c) { corners_[ends_[Index(v)]++] = c; });
-    }
-
-    template <class Action>
-    static void ForSideCorners(const Brush& brush, Action action) {
-        for (std::uint32_t f = 0; f < brush.faces.size(); ++f) {
-            const BrushFace& face = brush.faces[f];
-            if (face.polygonId <= kLastCapId) continue;
-            action(face.a, Corner{f, 0});
-            action(face.b, Corner{f, 1});
-            action(face.c, Corner{f, 2});
+        sidesOf_.resize(3 * sides_.size());
+        for (std::uint32_t s = 0; s < sides_.size(); ++s) {
+            for (const std::uint32_t vertex : sides_[s].vertices) sidesOf_[ends_[vertex]++] = s;
         }
     }
 
-    void SmoothVertex(Brush& brush, std::size_t v) {
+    SideIndices SidesOf(std::size_t v) const {
         const std::uint32_t first = v == 0 ? 0 : ends_[v - 1];
-        const std::uint32_t end = ends_[v];
-        if (first == end) return;
-        distinct_.Clear();
-        entries_.clear();
-        for (std::uint32_t i = first; i < end; ++i) {
-            entries_.push_back(distinct_.IndexOf(brush.faces[corners_[i].face].normal));
-        }
-        distinct_.AverageInto(averages_);
-        for (std::uint32_t i = first; i < end; ++i) {
-            const Corner& corner = corners_[i];
-            brush.faces[corner.face].cornerNormals[corner.place] = averages_[entries_[i - first]];
+        return {sidesOf_.data() + first, ends_[v] - first};
+    }
+
+    void AverageVertices() {
+        const std::size_t count = ends_.size() - 1;
+        if (averages_.size() < count) averages_.resize(count);
+        careful_.clear();
+        for (std::uint32_t v = 0; v < count; ++v) {
+            const SideIndices sides = SidesOf(v);
+            if (!sides.empty() && !AverageShort(sides, averages_[v])) careful_.push_back(v);
         }
     }
 
-    static std::size_t Index(std::int32_t v) { return static_cast<std::size_t>(v); }
+    /// The one average that all sides of a vertex see; false where they are too many to search or
+    /// their sum depends on the order.
+    bool AverageShort(SideIndices sides, Vec3& average) const {
+        std::array<const Vec3*, 12> known;
+        std::size_t count = 0;
+        Sum sum;
+        for (const std::uint32_t s : sides) {
+            const Side& side = sides_[s];
+            std::size_t i = 0;
+            while (i < count && !(*known[i] == side.normal)) ++i;
+            if (i < count) continue;
+            if (count == known.size() || !side.addsExactly) return false;
+            known[count++] = &side.normal;
+            sum.Add(side.normal);
+        }
+        average = sum.Average(count);
+        return true;
+    }
 
+    void StoreAverages(Brush& brush) const {
+        for (const Side& side : sides_) {
+            std::array<Vec3, 3>& corners = brush.faces[side.face].cornerNormals;
+            for (std::size_t i = 0; i < 3; ++i) corners[i] = averages_[side.vertices[i]];
+        }
+    }
+
+    /// Gives every side the average that starts with its own normal.
+    void StoreOwnAverages(Brush& brush, std::uint32_t v) {
+        const SideIndices sides = SidesOf(v);
+        distinct_.Reset(sides.size());
+        entries_.clear();
+        for (const std::uint32_t s : sides) entries_.push_back(distinct_.IndexOf(sides_[s]));
+        const Vec3 shared = distinct_.AverageFrom(0);
+        for (std::size_t i = 0; i < sides.size(); ++i) {
+            const Side& side = sides_[sides[i]];
+            const Vec3 average = distinct_.Exact() ? shared : distinct_.AverageFrom(entries_[i]);
+            for (std::size_t c = 0; c < 3; ++c) {
+                if (side.vertices[c] == v) brush.faces[side.face].cornerNormals[c] = average;
+            }
+        }
+    }
+
+    static std::uint32_t Index(std::int32_t v) { return static_cast<std::uint32_t>(v); }
+
+    std::vector<Side> sides_;
     std::vector<std::uint32_t> ends_;
-    std::vector<Corner> corners_;
+    std::vector<std::uint32_t> sidesOf_;
+    std::vector<Vec3> averages_;          // per vertex; stale where no side meets it
+    std::vector<std::uint32_t> careful_;  // vertices left to StoreOwnAverages
     std::vector<std::uint32_t> entries_;
-    std::vector<Vec3> averages_;
     DistinctNormals distinct_;
 };
-
-Vec3 PositionOf(const Brush& brush, std::int32_t vertex) {
-    return brush.vertices[static_cast<std::size_t>(vertex)].Position();
-}
 
 void Extend(Bounds& bounds, const Brush& brush) {
     for (const Vertex& v : brush.vertices) {
@@ -227,13 +254,8 @@ Vec3 FaceNormal(const Vec3& a, const Vec3& b, const Vec3& c) {
 }
 
 void UpdateBrushNormals(Brush& brush) {
-    for (BrushFace& face : brush.faces) {
-        face.normal = UnitNormal(PositionOf(brush, face.a), PositionOf(brush, face.b),
-                                 PositionOf(brush, face.c));
-        face.cornerNormals.fill(face.normal);
-    }
-    thread_local Smoother smoother;
-    smoother.Run(brush);
+    thread_local NormalUpdate update;
+    update.Run(brush);
     Touch(brush);
 }
 

@@ -1,0 +1,153 @@
+// Construction and shading normals against their all-pairs definitions.
+//
+// Each pair "X/plain" and "X/fast" does the same work; every fast run carries the counter
+// "plain_over_fast", the ratio of the reference's time to its own, taken in turns within that run.
+// The goals: a sphere of 64 sides created at least 150 times faster than its merge and normals
+// alone take by definition, its normals at least 300 times, a cone of 64 sides at least 15 times.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+
+#include "scene/mBrush.h"
+#include "scene/mNormals.h"
+#include "support/PlainGeometry.h"
+
+namespace korvane {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Work = std::function<void()>;
+
+struct World {
+    Scene scene;
+    TextureLibrary library;
+    TextureSpace Space() { return {library}; }
+
+    Brush& Create(BrushShape shape, std::int32_t sides, const Vec3& at = {}) {
+        scene.createShape = shape;
+        CreateBrush(scene, at, {at.x + 3, at.y + 2, at.z + 3}, sides, Space());
+        return scene.brushes.back();
+    }
+};
+
+double SecondsOf(const Work& work, int repeats) {
+    const Clock::time_point start = Clock::now();
+    for (int i = 0; i < repeats; ++i) work();
+    return std::chrono::duration<double>(Clock::now() - start).count() / repeats;
+}
+
+/// Times both in turns and takes the median ratio, so that a drifting clock rate hits both alike.
+double MedianRatio(const Work& plain, const Work& fast, int rounds) {
+    const double once = std::max(SecondsOf(plain, 1), 1e-7);
+    const int plainRepeats = std::max(1, static_cast<int>(0.005 / once));
+    const double fastOnce = std::max(SecondsOf(fast, 3), 1e-7);
+    const int fastRepeats = std::max(1, static_cast<int>(0.005 / fastOnce));
+    std::vector<double> ratios;
+    for (int i = 0; i < rounds; ++i) {
+        ratios.push_back(SecondsOf(plain, plainRepeats) / SecondsOf(fast, fastRepeats));
+    }
+    std::sort(ratios.begin(), ratios.end());
+    return ratios[ratios.size() / 2];
+}
+
+bool SameBits(const Brush& a, const Brush& b) {
+    if (a.faces.size() != b.faces.size()) return false;
+    for (std::size_t f = 0; f < a.faces.size(); ++f) {
+        const BrushFace& p = a.faces[f];
+        const BrushFace& q = b.faces[f];
+        if (p.a != q.a || p.b != q.b || p.c != q.c) return false;
+        if (std::memcmp(&p.normal, &q.normal, sizeof p.normal) != 0) return false;
+        if (std::memcmp(&p.cornerNormals, &q.cornerNormals, sizeof p.cornerNormals) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Expect(bool same, const char* what) {
+    if (same) return;
+    std::fprintf(stderr, "%s: the fast result differs from the plain one\n", what);
+    std::exit(1);
+}
+
+void Pair(const std::string& name, const Work& plain, const Work& fast, int rounds = 9) {
+    benchmark::RegisterBenchmark((name + "/plain").c_str(), [plain](benchmark::State& state) {
+        for (auto _ : state) plain();
+    })->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark((name + "/fast").c_str(), [plain, fast,
+                                                            rounds](benchmark::State& state) {
+        const double ratio = MedianRatio(plain, fast, rounds);
+        for (auto _ : state) fast();
+        state.counters["plain_over_fast"] = ratio;
+    })->Unit(benchmark::kMicrosecond);
+}
+
+/// Normals of one brush; both results are compared before anything is timed.
+void NormalsPair(const std::string& name, BrushShape shape, std::int32_t sides) {
+    World world;
+    const Brush brush = world.Create(shape, sides);
+    Brush plainBrush = brush;
+    plain::UpdateBrushNormals(plainBrush);
+    Expect(SameBits(brush, plainBrush), name.c_str());
+    Pair(
+        name, [b = brush]() mutable { plain::UpdateBrushNormals(b); },
+        [b = brush]() mutable { UpdateBrushNormals(b); });
+}
+
+/// The whole creation of a sphere against its merge and normals alone.
+void SphereCreationPair() {
+    World world;
+    const Brush sphere = world.Create(Sphere, 64);
+    const auto plainWork = [](Brush& b) {
+        plain::UnmergeSphere(b);
+        plain::MergeEqualVertices(b);
+        plain::UpdateBrushNormals(b);
+    };
+    Brush again = sphere;
+    plainWork(again);
+    Expect(SameBits(sphere, again), "sphere 64");
+    Pair(
+        "Create/sphere 64", [plainWork, b = sphere]() mutable { plainWork(b); },
+        [] {
+            static World fresh;
+            ClearScene(fresh.scene);
+            benchmark::DoNotOptimize(fresh.Create(Sphere, 64).faces.data());
+        });
+}
+
+void ManyBoxesPair() {
+    static World world;
+    for (int i = 0; i < 10000; ++i) {
+        world.Create(Box, 4, {static_cast<float>(i % 100) * 4, 0, static_cast<float>(i / 100) * 4});
+    }
+    Pair(
+        "Normals/10000 boxes",
+        [] {
+            for (Brush& b : world.scene.brushes) plain::UpdateBrushNormals(b);
+        },
+        [] {
+            for (Brush& b : world.scene.brushes) UpdateBrushNormals(b);
+        });
+}
+
+}  // namespace
+}  // namespace korvane
+
+int main(int argc, char** argv) {
+    using namespace korvane;
+    benchmark::Initialize(&argc, argv);
+    SphereCreationPair();
+    NormalsPair("Normals/sphere 64", Sphere, 64);
+    NormalsPair("Normals/sphere 16", Sphere, 16);
+    NormalsPair("Normals/cone 64", Cone, 64);
+    NormalsPair("Normals/box 64", Box, 64);
+    NormalsPair("Normals/box 4", Box, 4);
+    ManyBoxesPair();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

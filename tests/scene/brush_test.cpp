@@ -1,0 +1,331 @@
+// Every solid of every side count is closed, faces outward and lists its parts in the agreed order.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+#include "scene/mBrush.h"
+#include "scene/mMerge.h"
+#include "scene/mNormals.h"
+#include "support/PlainGeometry.h"
+#include "support/SceneMaker.h"
+
+namespace korvane {
+namespace {
+
+using Triangle = std::tuple<std::int32_t, std::int32_t, std::int32_t>;
+
+std::vector<Triangle> Triangles(const Brush& brush, std::size_t first, std::size_t count) {
+    std::vector<Triangle> triangles;
+    for (std::size_t f = first; f < first + count; ++f) {
+        const BrushFace& face = brush.faces.at(f);
+        triangles.emplace_back(face.a, face.b, face.c);
+    }
+    return triangles;
+}
+
+using Edge = std::pair<std::int32_t, std::int32_t>;
+
+/// Every directed edge of the faces that are no mere lines occurs once, and so does its opposite.
+void ExpectClosed(const Brush& brush) {
+    std::vector<Edge> edges;
+    for (const BrushFace& face : brush.faces) {
+        if (face.a == face.b || face.b == face.c || face.c == face.a) continue;
+        edges.insert(edges.end(), {{face.a, face.b}, {face.b, face.c}, {face.c, face.a}});
+    }
+    std::sort(edges.begin(), edges.end());
+    ASSERT_EQ(std::adjacent_find(edges.begin(), edges.end()), edges.end());
+    for (const auto& [from, to] : edges) {
+        ASSERT_TRUE(std::binary_search(edges.begin(), edges.end(), Edge(to, from)))
+            << from << " to " << to;
+    }
+}
+
+/// A point inside the convex solids of construction.
+Vec3 Centroid(const Brush& brush) {
+    double x = 0;
+    double y = 0;
+    double z = 0;
+    for (const Vertex& v : brush.vertices) {
+        x += v.x;
+        y += v.y;
+        z += v.z;
+    }
+    const auto n = static_cast<double>(brush.vertices.size());
+    return {static_cast<float>(x / n), static_cast<float>(y / n), static_cast<float>(z / n)};
+}
+
+void ExpectOutward(const Brush& brush) {
+    const Vec3 inside = Centroid(brush);
+    for (const BrushFace& face : brush.faces) {
+        const Vec3 out = Difference(inside, At(brush, face.a));
+        if (face.a == face.b || face.b == face.c || face.c == face.a) {
+            ASSERT_EQ(face.normal, (Vec3{0, 0, 0}));
+        } else {
+            ASSERT_GT(Dot(face.normal, out), 0);
+        }
+    }
+}
+
+double AreaTimesTwo(const Vec3& a, const Vec3& b, const Vec3& c) {
+    return (double{b.z} - a.z) * (double{c.x} - a.x) - (double{b.x} - a.x) * (double{c.z} - a.z);
+}
+
+/// The first `count` faces cover the ring 0..n-1 once, each turning upwards.
+void ExpectCapTilesRing(const Brush& brush, std::int32_t n) {
+    double tiles = 0;
+    for (std::size_t f = 0; f < static_cast<std::size_t>(n - 2); ++f) {
+        const BrushFace& face = brush.faces[f];
+        const double area = AreaTimesTwo(At(brush, face.a), At(brush, face.b), At(brush, face.c));
+        ASSERT_GT(area, 0) << "face " << f;
+        tiles += area;
+    }
+    double ring = 0;
+    for (std::int32_t i = 1; i + 1 < n; ++i) {
+        ring += AreaTimesTwo(At(brush, 0), At(brush, i), At(brush, i + 1));
+    }
+    EXPECT_NEAR(tiles, ring, 1e-6 * ring);
+}
+
+TEST(TriangulateCapTest, SmallRings) {
+    const std::map<int, std::vector<Triangle>> expected = {
+        {3, {{0, 1, 2}}},
+        {4, {{0, 1, 2}, {2, 3, 0}}},
+        {5, {{0, 1, 2}, {2, 3, 4}, {4, 0, 2}}},
+        {6, {{0, 1, 2}, {2, 3, 4}, {4, 5, 0}, {0, 2, 4}}},
+        {7, {{0, 1, 2}, {2, 3, 4}, {4, 5, 6}, {0, 2, 4}, {4, 6, 0}}},
+        {9, {{0, 1, 2}, {2, 3, 4}, {4, 5, 6}, {6, 7, 8}, {0, 2, 4}, {4, 6, 8}, {8, 0, 4}}},
+    };
+    for (const auto& [n, triangles] : expected) {
+        Brush brush;
+        brush.vertices.resize(static_cast<std::size_t>(2 * n));
+        TriangulateCap(brush, 9);
+        EXPECT_EQ(Triangles(brush, 0, brush.faces.size()), triangles) << n;
+        brush.faces.clear();
+        brush.shape = Cone;
+        brush.vertices.resize(static_cast<std::size_t>(n));
+        TriangulateCap(brush, 9);
+        EXPECT_EQ(Triangles(brush, 0, brush.faces.size()), triangles) << n;
+    }
+}
+
+void ExpectBox(SceneMaker& maker, std::int32_t n) {
+    const auto sides = static_cast<std::size_t>(n);
+    // Both orders in which X and Z agree, the second with the height turned over.
+    for (const auto& [p1, p2] :
+         {std::pair{Vec3{-3, 1, 2}, Vec3{17, 4, 12}}, std::pair{Vec3{17, 4, 12}, Vec3{-3, 1, 2}}}) {
+        const Brush& brush = maker.Create(Box, n, p1, p2);
+        ASSERT_EQ(brush.vertices.size(), 2 * sides);
+        ASSERT_EQ(brush.faces.size(), 4 * sides - 4);
+        for (std::int32_t i = 0; i < n; ++i) {
+            ASSERT_EQ(At(brush, i).y, 4);
+            ASSERT_EQ(At(brush, i + n), (Vec3{At(brush, i).x, 1, At(brush, i).z}));
+        }
+        ExpectCapTilesRing(brush, n);
+        ExpectClosed(brush);
+        ExpectOutward(brush);
+        for (std::size_t f = 0; f < brush.faces.size(); ++f) {
+            const std::int32_t side = 3 + (static_cast<std::int32_t>(f) - 2 * n + 4) / 2;
+            const std::int32_t cap = f < sides - 2 ? 1 : 2;
+            ASSERT_EQ(brush.faces[f].polygonId, f < 2 * sides - 4 ? cap : side) << f;
+            ASSERT_EQ(brush.faces[f].texture, 1);
+        }
+    }
+}
+
+void ExpectCone(SceneMaker& maker, std::int32_t n) {
+    const auto sides = static_cast<std::size_t>(n);
+    const Brush& brush = maker.Create(Cone, n, {-3, 6, 2}, {17, 1, 12});
+    ASSERT_EQ(brush.shape, Cone);
+    ASSERT_EQ(brush.vertices.size(), sides + 1);
+    ASSERT_EQ(brush.faces.size(), 2 * sides - 2);
+    EXPECT_EQ(At(brush, n), (Vec3{7, 6, 7}));
+    EXPECT_EQ(At(brush, 0).y, 1);
+    ExpectClosed(brush);
+    ExpectOutward(brush);
+    for (std::size_t f = 0; f < brush.faces.size(); ++f) {
+        const BrushFace& face = brush.faces[f];
+        const std::int32_t side = static_cast<std::int32_t>(f) - (n - 2);
+        ASSERT_EQ(face.polygonId, side < 0 ? 2 : 3 + side);
+        if (side < 0) {
+            ASSERT_EQ(face.normal, (Vec3{0, -1, 0}));
+        } else {
+            ASSERT_EQ(Triangles(brush, f, 1)[0], Triangle(side, (side + 1) % n, n));
+        }
+    }
+}
+
+/// Vertices that some face uses.
+std::set<std::int32_t> UsedVertices(const Brush& brush) {
+    std::set<std::int32_t> used;
+    for (const BrushFace& face : brush.faces) used.insert({face.a, face.b, face.c});
+    return used;
+}
+
+void ExpectSphere(SceneMaker& maker, std::int32_t n) {
+    const auto sides = static_cast<std::size_t>(n);
+    for (const Vec3& centre : {Vec3{0, 0, 0}, Vec3{0, -2.5F, 8}, Vec3{1.5F, 0, 0}, Vec3{5, 6, 7}}) {
+        const Vec3 p1{centre.x - 3, centre.y - 9, centre.z + 1};
+        const Vec3 p2{centre.x + 3, centre.y + 9, centre.z - 1};
+        const Brush& brush = maker.Create(Sphere, n, p1, p2);
+        ASSERT_EQ(brush.vertices.size(), 6 * sides * sides);
+        ASSERT_EQ(brush.faces.size(), 2 * sides * sides);
+        const std::set<std::int32_t> used = UsedVertices(brush);
+        EXPECT_EQ(used.size(), sides * (sides - 1) + 2);
+        for (const std::int32_t v : used) {
+            ASSERT_NEAR(Distance(At(brush, v), centre), 3, 1e-5);
+        }
+        ExpectClosed(brush);
+        ExpectOutward(brush);
+    }
+}
+
+TEST(SolidTest, EverySideCount) {
+    for (std::int32_t n = kMinSides; n <= kMaxSides; ++n) {
+        SCOPED_TRACE(n);
+        SceneMaker maker;
+        ExpectBox(maker, n);
+        ExpectCone(maker, n);
+        ExpectSphere(maker, n);
+    }
+}
+
+TEST(BoxTest, FourSidesAsDrawn) {
+    SceneMaker maker;
+    const Brush& brush = maker.Create(Box, 4, {0, 0, 0}, {2, 1, 3});
+    EXPECT_EQ(brush.name, "Brush-0000");
+    EXPECT_EQ(brush.group, "");
+    const Vec3 ring[] = {{0, 1, 0}, {0, 1, 3}, {2, 1, 3}, {2, 1, 0}};
+    for (std::int32_t i = 0; i < 4; ++i) EXPECT_EQ(At(brush, i), ring[i]);
+    EXPECT_EQ(
+        Triangles(brush, 0, 6),
+        (std::vector<Triangle>{{0, 1, 2}, {2, 3, 0}, {4, 7, 6}, {6, 5, 4}, {0, 4, 5}, {5, 1, 0}}));
+    EXPECT_EQ(brush.faces[0].normal, (Vec3{0, 1, 0}));
+    EXPECT_EQ(brush.faces[2].normal, (Vec3{0, -1, 0}));
+    EXPECT_EQ(brush.faces[4].normal, (Vec3{-1, 0, 0}));
+}
+
+TEST(RingTest, FixedOutlines) {
+    SceneMaker maker;
+    const std::map<std::int32_t, std::vector<std::pair<float, float>>> outlines = {
+        {3, {{0, 0}, {0, 20}, {10, 20}}},
+        {5, {{5, 0}, {0, 10}, {2.5F, 20}, {7.5F, 20}, {10, 10}}},
+        {6, {{3, 0}, {0, 10}, {3, 20}, {7, 20}, {10, 10}, {7, 0}}},
+    };
+    for (const auto& [n, outline] : outlines) {
+        const Brush& brush = maker.Create(Box, n, {0, 0, 0}, {10, 1, 20});
+        for (std::size_t i = 0; i < outline.size(); ++i) {
+            EXPECT_EQ(brush.vertices[i].x, outline[i].first) << n << ", point " << i;
+            EXPECT_EQ(brush.vertices[i].z, outline[i].second) << n << ", point " << i;
+        }
+    }
+}
+
+TEST(RingTest, OutlinesMeetTheDrawnEdgesExactly) {
+    SceneMaker maker;
+    const Brush& brush = maker.Create(Box, 4, {-999, 0, 1e-20F}, {1e-20F, 1, 999});
+    EXPECT_EQ(At(brush, 2), (Vec3{1e-20F, 1, 999}));
+    EXPECT_EQ(At(brush, 0), (Vec3{-999, 1, 1e-20F}));
+}
+
+TEST(RingTest, EllipsesAreRoundedToTwoDecimals) {
+    SceneMaker maker;
+    const Brush& seven = maker.Create(Box, 7, {0, 0, 0}, {2, 1, 2});
+    EXPECT_EQ(At(seven, 0), (Vec3{1.71F, 1, 1.71F}));
+    const double angle = (45 - 360.0 / 7 + 360) * 3.14159265358979 / 180;
+    EXPECT_NEAR(seven.vertices[1].x, 1 + std::cos(angle), 0.005);
+    EXPECT_NEAR(seven.vertices[1].z, 1 + std::sin(angle), 0.005);
+
+    const Brush& eight = maker.Create(Box, 8, {0, 0, 0}, {4, 1, 2});
+    EXPECT_EQ(At(eight, 1), (Vec3{4, 1, 1}));
+    EXPECT_EQ(At(eight, 2), (Vec3{3.41F, 1, 0.29F}));
+}
+
+// At 270 degrees the written pi leaves the cosine a little below 0 and at 90 degrees a little
+// above, so a middle that lies on a tie goes down at one and up at the other.
+TEST(RingTest, TiesAreDecidedByTheWrittenPi) {
+    SceneMaker maker;
+    const Brush& brush = maker.Create(Box, 8, {0, 0, 0}, {0.25F, 1, 4});
+    EXPECT_EQ(brush.vertices[3].x, 0.12F);  // 270 degrees
+    EXPECT_EQ(brush.vertices[7].x, 0.13F);  // 90 degrees
+}
+
+TEST(SphereTest, OrderOfPartsAndPolygons) {
+    SceneMaker maker;
+    const Brush& brush = maker.Create(Sphere, 4, {-1, 0, 5}, {1, 3, 8});
+    const Vec3 centre{0, 1.5F, 6.5F};
+    const auto at = [&](double lat, double lon) {
+        const double down = lat * 3.14159265358979 / 180;
+        const double round = lon * 3.14159265358979 / 180;
+        return Vec3{static_cast<float>(centre.x + std::cos(down) * std::cos(round)),
+                    static_cast<float>(centre.y + std::sin(down)),
+                    static_cast<float>(centre.z + std::cos(down) * std::sin(round))};
+    };
+    // Quad 2 of band 1: upper and lower at longitude 180, then at 90.
+    const std::size_t f = 2 * (1 * 4 + 2);
+    const Vec3 expected[] = {at(0, 180),  at(-45, 180), at(0, 90),
+                             at(-45, 90), at(0, 90),    at(-45, 180)};
+    for (std::size_t i = 0; i < 6; ++i) {
+        const Vec3 p = brush.vertices[3 * f + i].Position();
+        EXPECT_LT(Distance(p, expected[i]), 1e-6) << i;
+    }
+    EXPECT_EQ(brush.faces[f].polygonId, 1 * 10 + 2 * 2 + 2);
+    EXPECT_EQ(brush.faces[f + 1].polygonId, 16);
+    EXPECT_EQ(brush.faces[0].polygonId, 2);
+    EXPECT_EQ(brush.faces.back().polygonId, 3 * 10 + 2 * 3 + 2);
+}
+
+TEST(SphereTest, RadiusComesFromXAlone) {
+    SceneMaker maker;
+    const Bounds bounds = BrushBounds(maker.Create(Sphere, 8, {6, 0, 0}, {2, 9, 50}));
+    EXPECT_EQ(bounds, (Bounds{{2, 2.5F, 23}, {6, 6.5F, 27}}));
+}
+
+TEST(CreateBrushTest, BuildsNothing) {
+    SceneMaker maker;
+    struct Row {
+        std::int16_t shape;
+        Vec3 p2;
+        std::int32_t sides;
+    };
+    for (const Row& row :
+         {Row{Sphere, {0, 5, 5}, 8}, Row{Sphere, {5, 5, 5}, 2}, Row{Box, {5, 5, 5}, 2},
+          Row{Cone, {5, 5, 5}, 65}, Row{3, {5, 5, 5}, 4}, Row{-1, {5, 5, 5}, 4}}) {
+        maker.scene.createShape = row.shape;
+        EXPECT_EQ(CreateBrush(maker.scene, {0, 0, 0}, row.p2, row.sides, maker.Space()), -1);
+    }
+    EXPECT_EQ(maker.scene.brushCount(), 0);
+}
+
+TEST(MergeTest, EqualsThePlainDefinition) {
+    SceneMaker maker;
+    for (const std::int32_t n : {3, 4, 9, 16, 25}) {
+        // Far from the origin a tiny sphere has neighbours that fall together.
+        for (const Vec3& centre : {Vec3{0, 0, 0}, Vec3{900, -900, 900}}) {
+            const Vec3 p2{centre.x + 0.02F, centre.y, centre.z};
+            const Brush& fast = maker.Create(Sphere, n, centre, p2);
+            Brush plain = fast;
+            plain::UnmergeSphere(plain);
+            plain::MergeEqualVertices(plain);
+            const std::size_t count = fast.faces.size();
+            ASSERT_EQ(Triangles(fast, 0, count), Triangles(plain, 0, count)) << n;
+        }
+    }
+}
+
+TEST(MergeTest, ZerosOfBothSignsAreOnePlace) {
+    Brush brush;
+    for (const Vec3& p : {Vec3{-0.0F, 0, 1}, Vec3{0, -0.0F, 1}, Vec3{0, 0, -1}, Vec3{0, 0, 1}}) {
+        AddVertex(brush, p, false);
+    }
+    AddFace(brush, 1, 2, 3, 3);
+    MergeEqualVertices(brush);
+    EXPECT_EQ(Triangles(brush, 0, 1)[0], Triangle(0, 2, 0));
+    EXPECT_EQ(brush.vertices.size(), 4U);
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,204 @@
+// Face and shading normals. The fast computation has to equal the plain definition bit for bit,
+// whatever shape a brush has been edited into.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <random>
+
+#include "scene/mNormals.h"
+#include "support/PlainGeometry.h"
+#include "support/SceneMaker.h"
+
+namespace korvane {
+namespace {
+
+template <class T>
+bool SameBits(const T& a, const T& b) {
+    return std::memcmp(&a, &b, sizeof(T)) == 0;
+}
+
+void ExpectPlainNormals(const Brush& brush, const char* what) {
+    Brush fast = brush;
+    Brush expected = brush;
+    UpdateBrushNormals(fast);
+    plain::UpdateBrushNormals(expected);
+    for (std::size_t f = 0; f < fast.faces.size(); ++f) {
+        ASSERT_TRUE(SameBits(fast.faces[f].normal, expected.faces[f].normal)) << what << f;
+        for (std::size_t c = 0; c < 3; ++c) {
+            ASSERT_TRUE(
+                SameBits(fast.faces[f].cornerNormals[c], expected.faces[f].cornerNormals[c]))
+                << what << ": face " << f << ", corner " << c;
+        }
+    }
+}
+
+TEST(FaceNormalTest, Directions) {
+    EXPECT_EQ(FaceNormal({0, 1, 0}, {0, 1, 1}, {1, 1, 1}), (Vec3{0, 1, 0}));
+    EXPECT_EQ(FaceNormal({1, 1, 1}, {0, 1, 1}, {0, 1, 0}), (Vec3{0, -1, 0}));
+    const Vec3 slanted = FaceNormal({3, 0, 0}, {0, 3, 0}, {0, 0, 3});
+    EXPECT_FLOAT_EQ(slanted.x, 0.57735027F);
+    EXPECT_EQ(slanted.x, slanted.y);
+    EXPECT_EQ(slanted.x, slanted.z);
+}
+
+TEST(FaceNormalTest, NoDirection) {
+    const float inf = std::numeric_limits<float>::infinity();
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const Vec3 zero{0, 0, 0};
+    EXPECT_EQ(FaceNormal({1, 2, 3}, {2, 4, 6}, {3, 6, 9}), zero);
+    EXPECT_EQ(FaceNormal({1, 2, 3}, {1, 2, 3}, {7, 5, 1}), zero);
+    EXPECT_EQ(FaceNormal({inf, 0, 0}, {0, 1, 0}, {0, 0, 1}), zero);
+    EXPECT_EQ(FaceNormal({nan, 0, 0}, {0, 1, 0}, {0, 0, 1}), zero);
+}
+
+TEST(FaceNormalTest, TinyAndHugeTriangles) {
+    for (const float s : {1e-30F, 1e-3F, 1e30F}) {
+        EXPECT_EQ(FaceNormal({0, 0, s}, {s, 0, 0}, {0, 0, 0}), (Vec3{0, 1, 0})) << s;
+    }
+}
+
+TEST(BrushNormalsTest, CapsStayFlatAndSidesAverageTheirNeighbours) {
+    SceneMaker maker;
+    const Brush& box = maker.Create(Box, 4, {0, 0, 0}, {2, 1, 3});
+    for (std::size_t f = 0; f < 4; ++f) {
+        for (const Vec3& n : box.faces[f].cornerNormals) EXPECT_EQ(n, box.faces[f].normal);
+    }
+    // Vertex 0 is met by three triangles of two sides: each side counts once, and the average of
+    // two unit normals is not of unit length.
+    const BrushFace& side = box.faces[4];
+    EXPECT_EQ(side.a, 0);
+    EXPECT_EQ(side.cornerNormals[0], (Vec3{-0.5F, 0, -0.5F}));
+}
+
+TEST(BrushNormalsTest, PolesCountTheirDegenerateFacesOnce) {
+    SceneMaker maker;
+    const Brush& sphere = maker.Create(Sphere, 8, {-1, 0, 0}, {1, 0, 0});
+    // The first quad has the number of a cap and stays flat. Of the others at the pole seven are
+    // slanted alike, and all the faces that are lines make one entry, which shortens the average.
+    EXPECT_EQ(sphere.faces[0].cornerNormals[1], sphere.faces[0].normal);
+    const BrushFace& face = sphere.faces[2];
+    ASSERT_EQ(At(sphere, face.b), (Vec3{0, -1, 0}));
+    EXPECT_EQ(sphere.faces[3].normal, (Vec3{0, 0, 0}));
+    EXPECT_NEAR(face.cornerNormals[1].y, face.normal.y * 7 / 8, 1e-6);
+}
+
+TEST(BrushNormalsTest, EqualThePlainDefinitionForEverySideCount) {
+    SceneMaker maker;
+    for (std::int32_t n = kMinSides; n <= kMaxSides; ++n) {
+        for (const BrushShape shape : {Box, Cone}) {
+            ExpectPlainNormals(maker.Create(shape, n, {-3, 0.3F, 2}, {17, 4, 12}), "solid");
+            ExpectPlainNormals(maker.Create(shape, n, {0, 0, 0}, {2, 1e-4F, 2}), "flat solid");
+        }
+    }
+    for (const std::int32_t n : {3, 4, 5, 8, 11, 16, 24, 64}) {
+        ExpectPlainNormals(maker.Create(Sphere, n, {-2, 0, 0}, {2, 0, 0}), "sphere");
+        if (n > 24) continue;
+        ExpectPlainNormals(maker.Create(Sphere, n, {-1.5F, 2, 3}, {4, 0, 0}),
+                           "sphere off the axes");
+    }
+}
+
+/// Changes of the vertices such as editing makes.
+const std::vector<std::pair<const char*, std::function<float(float, std::mt19937&)>>>
+    kDeformations = {
+        {"jitter", [](float x, std::mt19937& random) { return x + (random() % 1000) * 1e-3F; }},
+        {"noise", [](float x, std::mt19937& random) { return x + (random() % 3) * 1e-7F; }},
+        {"snap", [](float x, std::mt19937&) { return std::nearbyint(x); }},
+        {"flatten", [](float x, std::mt19937& random) { return random() % 4 == 0 ? -0.0F : x; }},
+        {"far", [](float x, std::mt19937&) { return x + 900; }},
+};
+
+TEST(BrushNormalsTest, EqualThePlainDefinitionAfterDeforming) {
+    SceneMaker maker;
+    std::mt19937 random(7);
+    for (const auto& [name, deform] : kDeformations) {
+        for (const BrushShape shape : {Box, Cone, Sphere}) {
+            for (const std::int32_t n : {4, 7, 13}) {
+                Brush brush = maker.Create(shape, n, {-2, -1, -2}, {2, 1, 2});
+                for (Vertex& v : brush.vertices) {
+                    v.MoveTo({deform(v.x, random), deform(v.y, random), deform(v.z, random)});
+                }
+                ExpectPlainNormals(brush, name);
+            }
+        }
+    }
+}
+
+/// A fan of triangles around vertex 0, in seven polygons.
+Brush Fan(int triangles, double slope) {
+    Brush brush;
+    AddVertex(brush, {0, 1, 0}, false);
+    for (int i = 0; i <= triangles; ++i) {
+        const double t = 6.0 * i / triangles;
+        AddVertex(brush,
+                  {static_cast<float>(std::cos(t)), static_cast<float>(1 - slope),
+                   static_cast<float>(std::sin(t))},
+                  false);
+    }
+    for (std::int32_t i = 0; i < triangles; ++i) AddFace(brush, 0, i + 2, i + 1, 3 + i % 7);
+    return brush;
+}
+
+TEST(BrushNormalsTest, FansOfAnySizeAndSlope) {
+    // Around 12 and 200 distinct normals the way of adding up changes; at slopes near 0 the small
+    // components make the order of summation count.
+    for (const int triangles : {2, 11, 12, 13, 40, 199, 200, 201, 400}) {
+        for (const double slope : {1.0, 1e-3, 1e-6, 1e-7, 0.0}) {
+            ExpectPlainNormals(Fan(triangles, slope), "fan");
+        }
+    }
+}
+
+TEST(BrushNormalsTest, FacesUsingAVertexTwice) {
+    Brush brush = Fan(5, 0.5);
+    AddFace(brush, 0, 0, 3, 5);
+    AddFace(brush, 4, 0, 4, 6);
+    AddFace(brush, 0, 2, 1, 2);
+    AddFace(brush, 2, 2, 2, 9);
+    ExpectPlainNormals(brush, "repeated vertices");
+}
+
+TEST(BrushNormalsTest, LeftoversOfLargerBrushesDoNotShow) {
+    SceneMaker maker;
+    UpdateBrushNormals(maker.Create(Sphere, 32, {0, 0, 0}, {4, 0, 0}));
+    ExpectPlainNormals(maker.Create(Cone, 5, {0, 0, 0}, {4, 3, 2}), "small after large");
+    Brush empty;
+    UpdateBrushNormals(empty);
+    EXPECT_TRUE(empty.faces.empty());
+}
+
+TEST(BrushNormalsTest, OnlySelectedBrushesAreUpdated) {
+    SceneMaker maker;
+    for (int i = 0; i < 2; ++i) maker.Create(Box, 4, {0, 0, 0}, {1, 1, 1});
+    for (Brush& brush : maker.scene.brushes) brush.faces[0].normal = {};
+    maker.scene.brushes[1].selected = true;
+    const std::uint64_t revision = maker.scene.brushes[1].revision;
+    UpdateSelectedNormals(maker.scene);
+    EXPECT_EQ(maker.scene.brushes[0].faces[0].normal, (Vec3{0, 0, 0}));
+    EXPECT_EQ(maker.scene.brushes[1].faces[0].normal, (Vec3{0, 1, 0}));
+    EXPECT_NE(maker.scene.brushes[1].revision, revision);
+}
+
+TEST(BoundsTest, WorkingRange) {
+    SceneMaker maker;
+    Brush& brush = maker.Create(Box, 4, {-1, 2, 3}, {5, 7, 9});
+    EXPECT_EQ(BrushBounds(brush), (Bounds{{-1, 2, 3}, {5, 7, 9}}));
+    for (Vertex& v : brush.vertices) v.x += 2000;
+    EXPECT_EQ(BrushBounds(brush), (Bounds{{999, 2, 3}, {2005, 7, 9}}));
+    EXPECT_EQ(BrushBounds(Brush{}), Bounds{});
+}
+
+TEST(BoundsTest, SelectionOnly) {
+    SceneMaker maker;
+    maker.Create(Box, 4, {-1, 2, 3}, {5, 7, 9}).selected = true;
+    maker.Create(Box, 4, {-50, -50, -50}, {50, 50, 50});
+    maker.Create(Cone, 4, {4, 0, 3}, {6, 1, 4}).selected = true;
+    EXPECT_EQ(SelectionBounds(maker.scene), (Bounds{{-1, 0, 3}, {6, 7, 9}}));
+    for (Brush& brush : maker.scene.brushes) brush.selected = false;
+    EXPECT_EQ(SelectionBounds(maker.scene), Bounds{});
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,41 @@
+// A scene with a small texture library, and short ways of building brushes in it.
+#pragma once
+
+#include <cmath>
+#include <string>
+
+#include "scene/mBrush.h"
+
+namespace korvane {
+
+/// Texture 1 is 256 x 128 pixels, texture 2 is 512 x 512; texture 1 is selected.
+struct SceneMaker {
+    Scene scene;
+    TextureLibrary library;
+    float TextureScale = 4.0F;
+
+    SceneMaker() {
+        library.AddTexture("brick.jpg", 256, 128);
+        library.AddTexture("sand.tga", 512, 512);
+        library.SelectTexture(1);
+    }
+
+    TextureSpace Space() const { return {library, TextureScale}; }
+
+    /// Builds a brush and returns it; the reference holds until the next one.
+    Brush& Create(BrushShape shape, std::int32_t sides, const Vec3& p1, const Vec3& p2) {
+        scene.createShape = shape;
+        const std::int32_t index = CreateBrush(scene, p1, p2, sides, Space());
+        return scene.brushes.at(static_cast<std::size_t>(index));
+    }
+};
+
+inline Vec3 At(const Brush& brush, std::int32_t vertex) {
+    return brush.vertices.at(static_cast<std::size_t>(vertex)).Position();
+}
+
+inline double Dot(const Vec3& a, const Vec3& b) {
+    return double{a.x} * b.x + double{a.y} * b.y + double{a.z} * b.z;
+}
+
+}  // namespace korvane
