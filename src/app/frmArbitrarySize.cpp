@@ -10,6 +10,11 @@
 #include "editor/mArbitrarySize.h"
 
 namespace korvane {
+namespace {
+
+constexpr int kLeastWidth = 280;  // pixels, so that the title is not cut
+
+}  // namespace
 
 frmArbitrarySize::frmArbitrarySize(Editor& editor, QWidget* parent)
     : QDialog(parent), editor_(editor), txtSides_(new QLineEdit(this)) {
@@ -22,6 +27,7 @@ frmArbitrarySize::frmArbitrarySize(Editor& editor, QWidget* parent)
         new QLabel(QString("Number of &sides (%1 to %2):").arg(kLeastSides).arg(kMostSides), this);
     lblSides->setObjectName("lblSides");
     lblSides->setBuddy(txtSides_);
+    lblSides->setMinimumWidth(kLeastWidth);
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* btnOkay = buttons->addButton("Okay", QDialogButtonBox::AcceptRole);
     QPushButton* btnCancel = buttons->addButton("Cancel", QDialogButtonBox::RejectRole);

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QDesktopServices>
-#include <QKeyEvent>
 #include <QMenuBar>
 #include <QUrl>
 
@@ -11,7 +10,7 @@
 #include "app/mCommandActions.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
-#include "editor/mViewGestures.h"
+#include "editor/mTextureCommands.h"
 #include "textures/ui/ucTextureList.h"
 #include "widgets/ucStatusBar.h"
 #include "widgets/ucToolBar.h"
@@ -40,6 +39,8 @@ frmMain::frmMain(Prompts& prompts, const std::string& programFolder) : editor_(*
     BuildBars();
     workspace_ = new ucWorkspace(editor_, context_, textures_, this);
     setCentralWidget(workspace_);
+    connect(&workspace_->TextureList(), &ucTextureList::Click, this,
+            [this](int index) { TextureClicked(editor_, index); });
     setMinimumSize(kLeastSize);
     resize(kDesignSize);
     ShowCommandStates();
@@ -117,11 +118,6 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     CloseRenderContext(editor_, context_);
     event->accept();
-}
-
-void frmMain::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) CancelViewGesture(editor_);
-    QMainWindow::keyPressEvent(event);
 }
 
 }  // namespace korvane

@@ -34,7 +34,8 @@ class frmMain final : public QMainWindow, public EditorHost {
 
     void RequestRedraw(unsigned redrawSet) override;
     void ShowCommandStates() override;
-    void RefreshPropertyPanel() override;
+    /// Faces cannot be edited yet, so the panel shows the same for every selection.
+    void RefreshPropertyPanel() override {}
     void LayoutPanes() override;
     void ShowStatus(int panel, const std::string& text) override;
     void OpenForm(Form form) override;
@@ -44,7 +45,6 @@ class frmMain final : public QMainWindow, public EditorHost {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void BuildBars();

@@ -18,6 +18,13 @@ QIcon CommandIcon(const QString& name) {
     return QFile::exists(path) ? QIcon(path) : QIcon();
 }
 
+/// The separator that stands before the item, or else the item itself.
+QAction* GroupStart(const QMenu* menu, QAction* item) {
+    const auto place = menu->actions().indexOf(item);
+    QAction* previous = place > 0 ? menu->actions().at(place - 1) : nullptr;
+    return previous != nullptr && previous->isSeparator() ? previous : item;
+}
+
 /// Neighbouring radio commands of one menu form a group, which menus show as such.
 void GroupRadios(QMenu* menu) {
     QActionGroup* group = nullptr;
@@ -80,7 +87,8 @@ void CommandActions::FillMenuBar(QMenuBar* menuBar) {
             continue;
         }
         QMenu* parent = menus.at(row.parent);
-        QAction* before = row.before == nullptr ? nullptr : Of(row.before);
+        QAction* before = row.before == nullptr ? nullptr : GroupStart(parent, Of(row.before));
+        if (row.separatorBefore) parent->insertSeparator(before);
         parent->insertMenu(before, menus[row.name]);
     }
     for (const auto& [name, menu] : menus) GroupRadios(menu);

@@ -12,6 +12,7 @@
 #include "app/frmMain.h"
 #include "app/ucWorkspace.h"
 #include "editor/mViews.h"
+#include "textures/ui/mOGLTextures.h"
 #include "textures/ui/ucTextureList.h"
 
 namespace korvane {
@@ -90,7 +91,12 @@ std::string InitLights(Run& run) {
 }
 
 std::string LoadMaterialMaps(Run& run) {
-    run.window.LoadTextures(run.log);
+    frmMain& window = run.window;
+    ucTextureList& browser = window.Workspace().TextureList();
+    const auto addThumbnail = [&browser](const QImage& picture) { browser.AddThumbnail(picture); };
+    LoadAllTextures({window.Context(), window.Textures(), window.Session().textures, addThumbnail},
+                    window.Session().programFolder + "/ObjTextures", run.log);
+    browser.SelectTexture(0);
     return {};
 }
 
@@ -101,7 +107,9 @@ std::string InitViewPorts(Run& run) {
 }
 
 std::string InitColorScheme(Run& run) {
-    run.window.ApplyColorScheme();
+    // Every surface takes its colours from the settings whenever it paints.
+    RedrawAllViews(run.window.Session());
+    run.window.Workspace().TextureList().RefreshList();
     return "Okay";
 }
 

@@ -34,7 +34,8 @@ void StartUpLines::Close() {
 }
 
 void StartUpLines::WritePending() {
-    if (!pending_.empty()) file_ << ToSingleByte(pending_) << "\r\n";
+    // Flushed line by line: after a crash in a driver the file tells how far start-up came.
+    if (!pending_.empty()) file_ << ToSingleByte(pending_) << "\r\n" << std::flush;
 }
 
 }  // namespace korvane

@@ -136,22 +136,22 @@ bool InvisibleShown(const Editor& editor) {
 // --- the tables
 // -----------------------------------------------------------------------------------
 
+constexpr auto kSeparator = true;  // before the menu or its item, or behind the button
+
 constexpr Menu kMenus[] = {
     {"mnuFile", "&File", nullptr, nullptr},
-    {"mnuExport", "Export", "mnuFile", "mnuExit"},
+    {"mnuExport", "Export", "mnuFile", "mnuExit", kSeparator},
     {"mnuRecent", "Recent Files", "mnuFile", "mnuExit"},
     {"mnuEdit", "&Edit", nullptr, nullptr},
     {"mnuView", "&View", nullptr, nullptr},
     {"mnuCreate", "&Create", nullptr, nullptr},
     {"mnuCreateBaseShape", "Base Shape", "mnuCreate", "mnuSizeArbitrary"},
     {"mnuModify", "&Modify", nullptr, nullptr},
-    {"mnuRotate", "Rotate", "mnuModify", "mnuInvert"},
+    {"mnuRotate", "Rotate", "mnuModify", "mnuInvert", kSeparator},
     {"mnuFlip", "Flip", "mnuModify", "mnuInvert"},
     {"mnuInfo", "&Info", nullptr, nullptr},
     {"mnuHelp", "&Help", nullptr, nullptr},
 };
-
-constexpr auto kSeparator = true;  // before the menu item, or behind the button
 
 using EnabledWhen::Always;
 using EnabledWhen::NotYet;

@@ -48,8 +48,9 @@ struct Command {
 struct Menu {
     const char* name;
     const char* caption;
-    const char* parent;  ///< object name of the menu it stands in; null in the menu bar
-    const char* before;  ///< the command or menu it stands before in its parent; null: at the end
+    const char* parent;            ///< object name of the menu it stands in; null in the menu bar
+    const char* before;            ///< the command it stands before in its parent; null: at the end
+    bool separatorBefore = false;  ///< a separator stands before the sub-menu
 };
 
 /// All menus and all commands, in menu order.

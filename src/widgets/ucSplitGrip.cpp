@@ -20,7 +20,9 @@ void ucSplitGrip::mousePressEvent(QMouseEvent* event) {
 }
 
 void ucSplitGrip::mouseMoveEvent(QMouseEvent* event) {
-    if (dragging_) emit Dragged(mapToParent(event->position().toPoint()));
+    // From the screen: the grip itself moves under the pointer.
+    const QPoint position = parentWidget()->mapFromGlobal(event->globalPosition().toPoint());
+    if (dragging_) emit Dragged(position);
 }
 
 void ucSplitGrip::mouseReleaseEvent(QMouseEvent* event) {
@@ -30,7 +32,8 @@ void ucSplitGrip::mouseReleaseEvent(QMouseEvent* event) {
 void ucSplitGrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Window));
-    painter.setPen(palette().color(QPalette::Dark));
+    // Between text and background, so that it stands out from light and dark panes alike.
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     for (int inset = 4; inset < handle_; inset += 4) {
         painter.drawLine(inset, handle_ - 1, handle_ - 1, inset);
     }

@@ -1,0 +1,114 @@
+// The real dialogs: what they show and what closing them means.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "platform/QtPrompts.h"
+
+namespace korvane {
+namespace {
+
+/// Acts on the next modal dialog of that class, once it is open.
+template <class T>
+void WhenOpen(std::function<void(T*)> act) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, qApp, [timer, act] {
+        T* dialog = qobject_cast<T*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isVisible()) return;
+        timer->deleteLater();
+        timer->stop();
+        act(dialog);
+    });
+    timer->start(10);
+}
+
+TEST(QtPromptsTest, BoxShowsTextTitleIconAndButtons) {
+    QtPrompts prompts;
+    WhenOpen<QMessageBox>([](QMessageBox* box) {
+        EXPECT_EQ(box->text(), "One <b>line</b>\nand another");
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box->windowTitle(), "Warning!");
+        EXPECT_EQ(box->icon(), QMessageBox::Question);
+        EXPECT_EQ(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        box->button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(prompts.ShowMessage({"One <b>line</b>\r\nand another", "Warning!",
+                                   MessageIcon::Question, MessageButtons::YesNo}),
+              Answer::Yes);
+}
+
+TEST(QtPromptsTest, EscapeMeansTheHarmlessAnswer) {
+    QtPrompts prompts;
+    const auto escape = [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); };
+    WhenOpen<QMessageBox>(escape);
+    EXPECT_EQ(prompts.ShowMessage({"?", "!", MessageIcon::Question, MessageButtons::YesNo}),
+              Answer::No);
+    WhenOpen<QMessageBox>(escape);
+    EXPECT_EQ(prompts.ShowMessage({"?", "!", MessageIcon::Question, MessageButtons::YesNoCancel}),
+              Answer::Cancel);
+    WhenOpen<QMessageBox>(escape);
+    EXPECT_EQ(prompts.ShowMessage({"!", "!", MessageIcon::Stop, MessageButtons::Ok}), Answer::Ok);
+}
+
+class FileDialogTest : public testing::Test {
+  protected:
+    void Type(const QString& name) {
+        WhenOpen<QFileDialog>([this, name](QFileDialog* open) {
+            filters = open->nameFilters();
+            title = open->windowTitle();
+            start = open->directory().absolutePath();
+            open->selectFile(name);
+            QMetaObject::invokeMethod(open, "accept");
+        });
+    }
+
+    QTemporaryDir folder;
+    QtPrompts prompts;
+    FileDialog dialog{"Save Object As...", "Korvane Files (*.kvobject)", "*.kvobject", "kvobject",
+                      ""};
+    QStringList filters;
+    QString title, start;
+};
+
+TEST_F(FileDialogTest, SavingAddsTheExtensionAndRemembersTheFolder) {
+    Type(folder.filePath("box"));
+    EXPECT_EQ(prompts.AskSavePath(dialog), folder.filePath("box.kvobject").toStdString());
+    EXPECT_EQ(title, "Save Object As...");
+    EXPECT_EQ(filters, QStringList{"Korvane Files (*.kvobject)"});
+    Type("other.kvobject");
+    EXPECT_EQ(prompts.AskSavePath(dialog), folder.filePath("other.kvobject").toStdString());
+    EXPECT_EQ(start, folder.path());
+}
+
+TEST_F(FileDialogTest, SavingOverAFileIsConfirmed) {
+    QFile existing(folder.filePath("box.kvobject"));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    bool asked = false;
+    WhenOpen<QFileDialog>([&](QFileDialog* open) {
+        open->selectFile(folder.filePath("box"));
+        WhenOpen<QMessageBox>([&, open](QMessageBox* box) {
+            asked = true;
+            box->button(QMessageBox::No)->click();
+            QTimer::singleShot(0, open, &QDialog::reject);
+        });
+        QMetaObject::invokeMethod(open, "accept");
+    });
+    EXPECT_EQ(prompts.AskSavePath(dialog), std::nullopt);
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(FileDialogTest, CancellingGivesNoPath) {
+    WhenOpen<QFileDialog>([](QFileDialog* open) { open->reject(); });
+    EXPECT_EQ(prompts.AskOpenPath(dialog), std::nullopt);
+}
+
+}  // namespace
+}  // namespace korvane

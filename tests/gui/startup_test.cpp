@@ -1,0 +1,215 @@
+// Start-up and the way out: the log in its order, the fatal failure, the question about changes.
+#include <gmock/gmock.h>
+
+#include <QDir>
+
+#include "GuiFixture.h"
+#include "app/mShutdown.h"
+#include "app/mStartUpLog.h"
+
+namespace korvane::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+using testing::StartsWith;
+
+/// The lines of the log file; each must end in CR LF.
+std::vector<std::string> LogLines(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    EXPECT_TRUE(text.endsWith("\r\n"));
+    std::vector<std::string> lines;
+    for (const QByteArray& line : text.chopped(2).split('\n')) {
+        lines.push_back((line.endsWith('\r') ? line.chopped(1) : line).toStdString());
+    }
+    return lines;
+}
+
+class StartUpTest : public GuiTest {};
+
+TEST_F(StartUpTest, LogHoldsEveryStepInItsOrder) {
+    std::vector<std::string> lines = LogLines(folder.filePath("Korvane.log"));
+    // The driver's extensions differ from machine to machine.
+    const auto open = std::ranges::find(lines, "        INFO_OpenGL_Extentions {");
+    ASSERT_NE(open, lines.end());
+    const auto close = std::find(open, lines.end(), "        }");
+    EXPECT_GT(close - open, 1);
+    for (auto line = open + 1; line < close; ++line) {
+        EXPECT_THAT(*line, StartsWith("            GL_"));
+    }
+    lines.erase(open + 1, close);
+    EXPECT_THAT(
+        lines, ElementsAre("Korvane v1.0.0 - Copyright (c) 2026 The Korvane developers - Korvane",
+                           MatchesRegex("START_UP\\(.+ - .+\\) \\{"), "    INIT_Defaults: Okay",
+                           "    INIT_User_Preferences: Failed!", "    INIT_OpenGL {",
+                           "        INIT_OpenGL_Render_Context: Okay",
+                           MatchesRegex("        INFO_OpenGL_Renderer: .+"),
+                           MatchesRegex("        INFO_OpenGL_Vendor: .+"),
+                           MatchesRegex("        INFO_OpenGL_Version: [1-9].+"),
+                           "        INFO_OpenGL_Extentions {", "        }",
+                           "        INIT_OpenGL_Defaults: Okay", "        INIT_OpenGL_Lights: Okay",
+                           "    }", "    INIT_Material_Maps {",
+                           "        LOAD_Texture: (0001) flat.bmp Loaded (Added)",
+                           "        LOAD_Texture: (0002) green.bmp Loaded (Added)", "    }",
+                           "    INIT_2D_View_Ports: Okay", "    INIT_Color_Scheme: Okay",
+                           "    INIT_Window_State: DEFAULT", "}", "ALL_SYSTEMS_GO"));
+}
+
+TEST_F(StartUpTest, WindowStandsInTheMiddleOfTheScreen) {
+    EXPECT_EQ(window->size(), QSize(1280, 960));
+    const QPoint off = window->geometry().center() - window->screen()->geometry().center();
+    EXPECT_LT(std::abs(off.x()), 20);
+    EXPECT_LT(std::abs(off.y()), 40);  // the window manager adds a title bar
+    EXPECT_EQ(window->minimumSize(), QSize(640, 480));
+}
+
+TEST_F(StartUpTest, MissingFoldersAreMade) {
+    EXPECT_TRUE(QDir(folder.filePath("ObjCache")).exists());
+    EXPECT_TRUE(QDir(folder.filePath("ObjTextures")).exists());
+}
+
+TEST_F(StartUpTest, LeavesAnUnchangedEmptyScene) {
+    EXPECT_FALSE(Session().SceneModified);
+    EXPECT_EQ(Title(), "Korvane - New_Object");
+    EXPECT_THAT(prompts.messages, IsEmpty());
+    EXPECT_EQ(Session().textures.ListCount(), 3);
+    EXPECT_EQ(Session().textures.Selected(), 0);
+}
+
+TEST(StartUpFailure, MissingContextEndsStartUpAtOnce) {
+    QTemporaryDir folder;
+    ScriptedPrompts prompts;
+    frmMain window(prompts, folder.path().toStdString());
+    const ContextMaker none = [](RenderContext&, std::uint8_t color, std::uint8_t depth) {
+        EXPECT_EQ(color, 32);
+        EXPECT_EQ(depth, 32);
+        return std::int32_t{-3};
+    };
+    EXPECT_FALSE(window.StartUp(none));
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text, "Fatal Error: Could not create an OpenGL Render Context!");
+    EXPECT_EQ(prompts.messages[0].title, "Fatal Error!");
+    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Stop);
+    EXPECT_EQ(LogLines(folder.filePath("Korvane.log")).back(),
+              "        INIT_OpenGL_Render_Context: FAILED!");
+}
+
+TEST(StartUpLinesTest, ShowTheLastTenAndFileAll) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("Korvane.log");
+    StartUpLines lines(path.toStdString());
+    for (int i = 0; i < 12; ++i) lines.AddText("line " + std::to_string(i));
+    lines.AppendText("!");
+    EXPECT_EQ(lines.Visible()[0], "line 2");
+    EXPECT_EQ(lines.Visible()[9], "line 11!");
+    lines.Close();
+    const auto filed = LogLines(path);
+    ASSERT_EQ(filed.size(), 12U);
+    EXPECT_EQ(filed[0], "line 0");
+    EXPECT_EQ(filed[11], "line 11!");
+}
+
+TEST(StartUpLinesTest, NewestLineIsFiledOnlyWhenItIsComplete) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("Korvane.log");
+    StartUpLines lines(path.toStdString());
+    lines.AppendText("lost before the first line");
+    lines.Close();
+    StartUpLines again(path.toStdString());
+    again.AddText("caf\xC3\xA9: ");
+    again.AppendText("Okay");
+    again.Close();
+    EXPECT_THAT(LogLines(path), ElementsAre("caf\xE9: Okay"));
+}
+
+struct ExitCase {
+    const char* name;
+    Answer answer;
+    bool modified = true;
+    bool warn = true;
+    bool savable = true;
+    bool asked;
+    bool closes;
+    bool written;
+};
+
+class ExitTest : public GuiTest, public testing::WithParamInterface<ExitCase> {};
+
+TEST_P(ExitTest, AsksAndActsOnTheAnswer) {
+    const ExitCase& row = GetParam();
+    Session().CurrentObjectPath = PathOf(row.savable ? "kept.kvobject" : "gone/kept.kvobject");
+    Session().SceneModified = row.modified;
+    Session().settings.warnings[WarnExit] = row.warn;
+    prompts.answers = {row.answer};
+    EXPECT_EQ(window->close(), row.closes);
+    EXPECT_EQ(window->isVisible(), !row.closes);
+    EXPECT_EQ(window->Context().OpenGLReady, !row.closes);
+    EXPECT_EQ(QFile::exists(folder.filePath("kept.kvobject")), row.written);
+    ASSERT_EQ(!prompts.messages.empty(), row.asked);
+    if (!row.asked) return;
+    EXPECT_EQ(prompts.messages[0].text,
+              "Notice! There are unsaved changes to the scene!\r\nDo you wish to save changes?");
+    EXPECT_EQ(prompts.messages[0].title, "Notice!");
+    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Question);
+    EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::YesNoCancel);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, ExitTest,
+    testing::Values(
+        ExitCase{.name = "Cancel",
+                 .answer = Answer::Cancel,
+                 .asked = true,
+                 .closes = false,
+                 .written = false},
+        ExitCase{
+            .name = "No", .answer = Answer::No, .asked = true, .closes = true, .written = false},
+        ExitCase{
+            .name = "Yes", .answer = Answer::Yes, .asked = true, .closes = true, .written = true},
+        ExitCase{.name = "YesButTheSaveFails",
+                 .answer = Answer::Yes,
+                 .savable = false,
+                 .asked = true,
+                 .closes = false,
+                 .written = false},
+        ExitCase{.name = "Unchanged",
+                 .answer = Answer::Cancel,
+                 .modified = false,
+                 .asked = false,
+                 .closes = true,
+                 .written = false},
+        ExitCase{.name = "NotToBeAsked",
+                 .answer = Answer::Cancel,
+                 .warn = false,
+                 .asked = false,
+                 .closes = true,
+                 .written = false}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(StartUpTest, CancelledSaveDialogKeepsTheProgramRunning) {
+    Session().SceneModified = true;
+    prompts.answers = {Answer::Yes};
+    prompts.paths = {std::nullopt};
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
+    EXPECT_TRUE(window->Context().OpenGLReady);
+}
+
+TEST(CloseRenderContextTest, TellsOfAFailedRelease) {
+    RecordingHost host;
+    ScriptedPrompts prompts;
+    Editor editor(host, prompts);
+    RenderContext context;
+    context.handle = 1;  // with nothing behind it
+    CloseRenderContext(editor, context);
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text, "Error: Unable to release OpenGL Render Context handle!");
+    EXPECT_EQ(prompts.messages[0].title, "Error");
+    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Exclamation);
+}
+
+}  // namespace
+}  // namespace korvane::test
