@@ -21,7 +21,8 @@ bool SaveObject(Editor& editor, const std::string& path, bool keepModified, bool
 
 /// Reads a file into the scene, replacing it or (merge) appending to it. An empty path asks for
 /// one, which becomes CurrentObjectPath unless merging. A failed merge leaves the scene as it was;
-/// a failed open leaves it empty if the file could be read at all, else as it was.
+/// a failed open leaves it empty if the file could be read at all, else as it was. A failure leaves
+/// SceneModified alone: what was lost can still be in the undo snapshots.
 LoadResult LoadObject(Editor& editor, const std::string& path, bool merge, bool isUndo,
                       bool withSelection);
 

@@ -230,9 +230,12 @@ TEST_F(FileCommandsTest, ABadFileEmptiesTheSceneAndIsNeverOverwrittenUnasked) {
     EXPECT_EQ(prompts_.saveDialogs.size(), 2U) << "the new name is not asked for again";
     EXPECT_EQ(FileBytes(bad), before);
 
+    editor_.SceneModified = true;
+    editor_.settings.warnings[WarnOpen] = false;
     Choose(bad);
     OpenObject(editor_);
     EXPECT_TRUE(editor_.currentFileForeign);
+    EXPECT_TRUE(editor_.SceneModified) << "the snapshots still hold what was not saved";
     Choose(folder_.Path("good.kvobject"));
     OpenObject(editor_);
     EXPECT_FALSE(editor_.currentFileForeign);
