@@ -54,9 +54,13 @@ ImageCode LoadTGA(const std::string& path, cDIBSection& image) {
 }
 
 QImage PictureOf(const cDIBSection& image) {
-    const qsizetype row = qsizetype{image.width} * 3;
-    return QImage(image.pixels.data(), image.width, image.height, row, QImage::Format_BGR888)
-        .mirrored();
+    QImage picture(image.width, image.height, QImage::Format_BGR888);
+    const std::size_t row = std::size_t(image.width) * 3;
+    const std::uint8_t* from = image.pixels.data();
+    for (int y = picture.height() - 1; y >= 0; --y, from += row) {
+        std::copy_n(from, row, picture.scanLine(y));
+    }
+    return picture;
 }
 
 cDIBSection BufferOf(const QImage& picture) {

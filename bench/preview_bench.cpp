@@ -1,0 +1,176 @@
+// A frame of the preview at 800 x 600 beside the same frame in plain immediate mode, and the
+// loading of textures split into decoding and upload.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QTemporaryDir>
+#include <cmath>
+#include <map>
+#include <memory>
+
+#include "support/ImmediatePreview.h"
+#include "support/PreviewStage.h"
+#include "textures/ui/mImageFile.h"
+#include "textures/ui/mOGLTextures.h"
+
+namespace {
+
+using namespace korvane;
+using korvane::test::PreviewStage;
+
+constexpr int kTextures = 8;
+
+/// Boxes in a cube-shaped lattice about the origin, the texture changing from box to box.
+void FillWithBoxes(PreviewStage& stage, int count) {
+    const int side = int(std::ceil(std::cbrt(count)));
+    for (int i = 0; i < count; ++i) {
+        const float x = float(i % side - side / 2) * 1.5F;
+        const float y = float(i / side % side - side / 2) * 1.5F;
+        const float z = float(i / side / side - side / 2) * 1.5F;
+        stage.Add({x, y, z}, {x + 1, y + 1, z + 1}, i % kTextures);
+    }
+}
+
+enum Place { Outside = 0, Inside = 1 };
+
+void LookFrom(PreviewStage& stage, Place place, int count) {
+    const float reach = float(std::cbrt(count)) * 1.5F;
+    if (place == Outside) {
+        stage.LookFrom(reach * 0.9F, reach * 0.8F, reach * 1.1F, -30, 40);
+    } else {
+        stage.LookFrom(0.2F, -0.2F, 0.3F, -10, 30);
+    }
+}
+
+/// One stage per number of boxes, made when first asked for; to be emptied while the application
+/// still exists.
+std::map<int, std::unique_ptr<PreviewStage>>& Stages() {
+    static std::map<int, std::unique_ptr<PreviewStage>> stages;
+    return stages;
+}
+
+PreviewStage& StageOf(int count) {
+    auto& stage = Stages()[count];
+    if (!stage) {
+        stage = std::make_unique<PreviewStage>(800, 600, kTextures);
+        FillWithBoxes(*stage, count);
+    }
+    return *stage;
+}
+
+void BM_ImmediateMode(benchmark::State& state) {
+    PreviewStage& stage = StageOf(int(state.range(0)));
+    LookFrom(stage, Place(state.range(1)), int(state.range(0)));
+    for (auto _ : state) korvane::test::RenderImmediate(stage.context, stage.Shown());
+}
+
+void BM_RenderPreview(benchmark::State& state) {
+    PreviewStage& stage = StageOf(int(state.range(0)));
+    LookFrom(stage, Place(state.range(1)), int(state.range(0)));
+    stage.Render();
+    for (auto _ : state) stage.Render();
+}
+
+/// A drag: one brush in fifty changes between two frames.
+void BM_RenderPreviewWhileMoving(benchmark::State& state) {
+    PreviewStage& stage = StageOf(int(state.range(0)));
+    LookFrom(stage, Outside, int(state.range(0)));
+    auto& brushes = stage.editor.scene.brushes;
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < brushes.size(); i += 50) Touch(brushes[i]);
+        stage.Render();
+    }
+}
+
+/// Nothing to draw: what clearing, reading back and turning the picture cost.
+void BM_EmptyFrame(benchmark::State& state) {
+    PreviewStage& stage = StageOf(0);
+    stage.editor.settings.show3DGrid = false;
+    for (auto _ : state) stage.Render();
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+    for (const int count : {1000, 5000, 20000}) {
+        for (const int place : {Outside, Inside}) benchmark->Args({count, place});
+    }
+    benchmark->ArgNames({"boxes", "inside"})->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(BM_ImmediateMode)->Apply(Sizes);
+BENCHMARK(BM_RenderPreview)->Apply(Sizes);
+BENCHMARK(BM_RenderPreviewWhileMoving)->Arg(5000)->ArgName("boxes")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_EmptyFrame)->Unit(benchmark::kMillisecond);
+
+/// Twelve pictures of 64 to 512 pixels in the formats of a texture folder.
+class TextureFolder {
+  public:
+    TextureFolder() {
+        for (int i = 0; i < 12; ++i) {
+            const int side = 64 << (i % 4);
+            const char* format = i % 2 == 0 ? "jpg" : "bmp";
+            const QString path = folder_.filePath(QString("%1.%2").arg(i).arg(format));
+            Noise(side).save(path, format, 90);
+            paths_.push_back(path.toStdString());
+        }
+    }
+    const std::vector<std::string>& Paths() const { return paths_; }
+
+  private:
+    static QImage Noise(int side) {
+        QImage picture(side, side, QImage::Format_RGB32);
+        unsigned seed = 1;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                seed = seed * 1664525U + 1013904223U;
+                picture.setPixel(x, y, qRgb(x * 255 / side, y * 255 / side, int(seed >> 26) + 90));
+            }
+        }
+        return picture;
+    }
+
+    QTemporaryDir folder_;
+    std::vector<std::string> paths_;
+};
+
+const TextureFolder& Folder() {
+    static const TextureFolder folder;
+    return folder;
+}
+
+void BM_DecodeTwelveTextures(benchmark::State& state) {
+    for (auto _ : state) {
+        for (const std::string& path : Folder().Paths()) {
+            cDIBSection image;
+            if (LoadImageFile(path, image) != ImageLoaded) state.SkipWithError("unreadable");
+            benchmark::DoNotOptimize(image.pixels.data());
+        }
+    }
+}
+
+void BM_UploadTwelveTextures(benchmark::State& state) {
+    PreviewStage& stage = StageOf(0);
+    std::vector<cDIBSection> images(Folder().Paths().size());
+    for (std::size_t i = 0; i < images.size(); ++i) LoadImageFile(Folder().Paths()[i], images[i]);
+    for (auto _ : state) {
+        TextureObjects objects;
+        for (const cDIBSection& image : images) UploadTexture(stage.context, objects, image);
+        glFinish();
+        state.PauseTiming();
+        glDeleteTextures(GLsizei(objects.size()), objects.data());
+        state.ResumeTiming();
+    }
+}
+
+BENCHMARK(BM_DecodeTwelveTextures)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UploadTwelveTextures)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    Stages().clear();
+    return 0;
+}

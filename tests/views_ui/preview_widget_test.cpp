@@ -1,0 +1,64 @@
+// The pane of the preview: frames on request, sizes in device pixels.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include "support/PreviewStage.h"
+#include "views/ui/ucPreview.h"
+
+namespace korvane {
+namespace {
+
+class PreviewWidgetTest : public testing::Test {
+  protected:
+    PreviewWidgetTest() {
+        stage_.editor.settings.show3DGrid = false;
+        stage_.LookFrom(0, 0, 3);
+        stage_.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
+        pane_.resize(200, 150);
+        pane_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&pane_));
+        QApplication::processEvents();
+    }
+    QRgb Middle() { return pane_.grab().toImage().pixel(pane_.rect().center()); }
+
+    test::PreviewStage stage_{64, 64};
+    ucPreview pane_{stage_.editor, stage_.context, stage_.textures};
+};
+
+TEST_F(PreviewWidgetTest, ShowsTheFrameInItsOwnSize) {
+    EXPECT_EQ(stage_.context.frame.size(), pane_.size() * pane_.devicePixelRatio());
+    const QImage shown = pane_.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(shown, stage_.context.frame.convertToFormat(QImage::Format_RGB32));
+    EXPECT_NE(Middle(), qRgb(0, 0, 0));
+    pane_.resize(301, 77);
+    QApplication::processEvents();
+    EXPECT_EQ(stage_.context.frame.size(), QSize(301, 77) * pane_.devicePixelRatio());
+}
+
+TEST_F(PreviewWidgetTest, DrawsAnewOnlyWhenAsked) {
+    const QRgb before = Middle();
+    stage_.editor.scene.brushes.clear();
+    EXPECT_EQ(Middle(), before) << "a repaint alone shows the old frame";
+    pane_.MarkDirty();
+    EXPECT_EQ(Middle(), qRgb(0, 0, 0));
+}
+
+TEST_F(PreviewWidgetTest, WithoutAContextItShowsTheBackground) {
+    stage_.editor.settings.colors[ColorItem::View3DBackground] = MakeColor(10, 20, 30);
+    ReleaseRenderContext(stage_.context);
+    pane_.MarkDirty();
+    EXPECT_EQ(Middle(), qRgb(10, 20, 30));
+}
+
+TEST_F(PreviewWidgetTest, TheMouseOverItIsToldInTheStatusBar) {
+    stage_.host.status = {{1, "Top"}, {2, "X"}, {3, "Y"}, {4, "Z"}};
+    QTest::mouseMove(&pane_, {20, 20});
+    QTest::mouseMove(&pane_, {30, 30});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return stage_.host.status[1] == "3D"; }));
+    for (const int panel : {2, 3, 4}) EXPECT_EQ(stage_.host.status[panel], "") << panel;
+}
+
+}  // namespace
+}  // namespace korvane
