@@ -82,10 +82,10 @@ def square(x, y, size):
     return f"M{x},{y} h{size} v{size} h{-size} Z"
 
 
-LETTERS = {  # strokes in a box six units wide and eight high
-    "X": "M0,0 L6,8 M6,0 L0,8",
-    "Y": "M0,0 L3,4 L6,0 M3,4 V8",
-    "Z": "M0,0 H6 L0,8 H6",
+LETTERS = {  # strokes in a square of eight units: diagonals run from pixel to pixel
+    "X": "M0,0 L8,8 M8,0 L0,8",
+    "Y": "M0,0 L4,4 L8,0 M4,4 V9",
+    "Z": "M-1,0 H8 L0,8 H9",
 }
 AXIS_COLOUR = {"X": RED, "Y": GREEN, "Z": BLUE}
 
@@ -178,7 +178,7 @@ def mode(part):
 
 SIZE_OUTLINES = {  # radius and centre of the ring, its first angle, and the place of the digit
     3: (16.5, 16, 19, -90, 13, 15),
-    4: (15.56, 16, 16, -45, 13, 11),
+    4: (18.385, 16, 16, -45, 13, 11),
     5: (14.5, 16, 17, -90, 13, 13),
     6: (15, 16, 16, 0, 13, 11),
     7: (14.5, 16, 16.5, -90, 13, 11),
@@ -203,38 +203,36 @@ def sides_any():
 def rotation(axis, clockwise):
     """Three quarters of a circle about the letter of the axis; the arrow tells the direction."""
     colour = AXIS_COLOUR[axis]
-    arc = line("M7.5,7.5 A12,12 0 1 0 28,16", colour)
-    head = area("M22,18 L31,18 L28,10 Z", colour) if False else ""
-    arc = line("M7.5,24.5 A12,12 0 1 1 27.4,20.1", colour)
-    head = area("M21,18.5 L31.5,18.5 L26.5,27 Z", colour)
-    turned = arc + head
+    turned = line("M6.5,23.5 A12,12 0 1 1 26.4,19.1", colour) + area(
+        "M20,17.5 L31,17.5 L25.5,26 Z", colour
+    )
     if not clockwise:
-        turned = f'<g transform="translate(32,0) scale(-1,1)">{turned}</g>'
-    return turned + letter(axis, 13, 12)
+        turned = f'<g transform="translate(30,0) scale(-1,1)">{turned}</g>'
+    return turned + letter(axis, 11, 11)
 
 
 def flip(axis):
     """A shape, the dashed line of the mirror, and its image."""
     colour = AXIS_COLOUR[axis]
     if axis == "X":
-        shape, image = "M11,3 V19 H3 Z", "M21,3 V19 H29 Z"
+        shape, image = "M11,3 V17 H3 Z", "M19,3 V17 H27 Z"
         return (
             tinted(shape, colour, 0.6)
             + line(image, colour)
-            + dashed("M16,1 V21")
-            + letter(axis, 13, 23)
+            + dashed("M15,1 V19")
+            + letter(axis, 11, 21)
         )
     if axis == "Y":
-        shape, image = "M3,11 H19 V3 Z", "M3,21 H19 V29 Z"
+        shape, image = "M3,11 H17 V3 Z", "M3,19 H17 V27 Z"
         return (
             tinted(shape, colour, 0.6)
             + line(image, colour)
-            + dashed("M1,16 H21")
-            + letter(axis, 24, 12)
+            + dashed("M1,15 H19")
+            + letter(axis, 21, 11)
         )
-    shape, image = "M3,17 V3 H17 Z", "M11,25 H25 V11 Z"
+    shape, image = "M3,13 V3 H13 Z", "M9,19 H19 V9 Z"
     return (
-        tinted(shape, colour, 0.6) + line(image, colour) + dashed("M3,25 L25,3") + letter(axis, 24, 23)
+        tinted(shape, colour, 0.6) + line(image, colour) + dashed("M1,21 L21,1") + letter(axis, 21, 21)
     )
 
 
@@ -252,9 +250,9 @@ def icons():
     table = {
         "mnuNew": page("M17,29 H7 V3 H19 L25,9 V15") + plus(25, 25),
         "mnuOpen": folder(),
-        "mnuMerge": tinted("M3,27 V7 H11 L15,11 H27 V15", AMBER, 0.0)
-        + line("M3,26 V27 H15", AMBER)
-        + plus(23, 23),
+        "mnuMerge": line("M3,3 H13 V13 H3 Z M19,3 H29 V13 H19 Z", AMBER)
+        + line("M8,14 L14,20 M24,14 L18,20", GREEN)
+        + tinted("M9,21 H23 V29 H9 Z", AMBER, 0.5),
         "mnuSave": floppy(),
         "mnuSaveAs": floppy("M13,29 H3 V3 H23 L29,9 V13", "M9,29 V19 H17")
         + tinted("M15,31 L17,25 L27,15 L31,19 L21,29 Z", AMBER),
@@ -263,7 +261,8 @@ def icons():
         "mnuExportSourceCode": page("M11,29 H7 V3 H19 L25,9 V15")
         + line("M15,9 L11,13 L15,17", BLUE)
         + arrow_right(30, 23, 17),
-        "mnuView4Way": line("M3,3 H29 V29 H3 Z M16,3 V29 M3,16 H29"),
+        "mnuView4Way": line("M3,3 H13 V13 H3 Z M19,3 H29 V13 H19 Z M3,19 H13 V29 H3 Z")
+        + tinted("M19,19 H29 V29 H19 Z", BLUE, 0.6),
         "mnuViewTop": box_up_left(top=0.9),
         "mnuViewLeft": box_up_left(left=0.9),
         "mnuViewFront": box_up_left(front=0.9),
@@ -296,18 +295,17 @@ def icons():
         + line("M13,12 V24 M19,12 V24", RED),
         "mnuFreeRotate": line("M5.5,11 A12,12 0 0 1 25,8 M26.5,21 A12,12 0 0 1 7,24")
         + area("M29,3 V13 H19 Z M3,29 V19 H13 Z") + area(disc(16, 16, 4), AMBER),
-        "mnuInvert": area("M3,3 H29 L3,29 Z", BLUE, 0.9) + line("M3,3 H29 V29 H3 Z")
-        + line("M19,23 H27", GREY) + area("M8,10 H18 V12 H8 Z M12,6 H14 V16 H12 Z", "#ffffff"),
+        "mnuInvert": area("M3,3 H29 L3,29 Z", BLUE, 0.8) + line("M3,3 H29 V29 H3 Z M3,29 L29,3"),
         "mnuMultiply": tinted(square(3, 17, 12), BLUE, 0.6) + line("M9,13 V9 H21 V21 H17", BLUE)
         + line("M15,7 V3 H29 V15 H23", BLUE) + cross(25, 25, 4, AMBER, 3),
         "mnuOptimize": tinted("M19,1 L5,18 H14 L11,31 L27,12 H17 Z", AMBER, 0.45),
-        "mnuPreferences": line("M3,7 H29 M3,16 H29 M3,25 H29")
-        + area(square(19, 3, 8), BLUE) + area(square(5, 12, 8), BLUE) + area(square(15, 21, 8), BLUE),
+        "mnuPreferences": line("M3,7 H29 M3,15 H29 M3,25 H29")
+        + area(square(19, 3, 8), BLUE) + area(square(5, 11, 8), BLUE) + area(square(15, 21, 8), BLUE),
         "mnuStatistics": line("M3,3 V29 H29") + area("M7,17 H12 V26 H7 Z", GREEN)
         + area("M14,9 H19 V26 H14 Z", BLUE) + area("M21,13 H26 V26 H21 Z", AMBER),
         "mnuHelpContents": tinted(disc(16, 16, 13), BLUE, 0.15)
         + line("M11,13 V9 H21 V15 H16 V19", BLUE, 3) + area("M14,22 H18 V26 H14 Z", BLUE),
-        "mnuExit": line("M19,11 V3 H5 V29 H19 V21") + arrow_right(30, 16, 19, RED),
+        "mnuExit": line("M19,9 V3 H5 V29 H19 V21") + arrow_right(30, 15, 19, RED),
         "korvane": program_icon(),
     }
     for count in SIZE_OUTLINES:
