@@ -77,22 +77,23 @@ void BrushPainter::DrawSelected(const Raster2D& raster, const Projection& projec
 
 /// Fills points_ and their bounds; false when a vertex is too far away to become a pixel.
 bool BrushPainter::Project(const Brush& brush) {
-    const std::size_t count = brush.vertices.size();
-    points_.resize(count);
-    low_ = {kPixelReach, kPixelReach};
-    high_ = {-kPixelReach, -kPixelReach};
-    bool inReach = true;
-    for (std::size_t i = 0; i < count; ++i) {
-        const Vec3 position = brush.vertices[i].Position();
-        const double x = projection_.X(position);
-        const double y = projection_.Y(position);
-        inReach = inReach && InReach(x) && InReach(y);
-        if (!inReach) return false;
+    const Projection projection = projection_;
+    points_.resize(brush.vertices.size());
+    Pixel* out = points_.data();
+    Pixel low{kPixelReach, kPixelReach};
+    Pixel high{-kPixelReach, -kPixelReach};
+    for (const Vertex& vertex : brush.vertices) {
+        const Vec3 position = vertex.Position();
+        const double x = projection.X(position);
+        const double y = projection.Y(position);
+        if (!InReach(x) || !InReach(y)) return false;
         const Pixel pixel{NearestPixel(x), NearestPixel(y)};
-        points_[i] = pixel;
-        low_ = {std::min(low_.x, pixel.x), std::min(low_.y, pixel.y)};
-        high_ = {std::max(high_.x, pixel.x), std::max(high_.y, pixel.y)};
+        *out++ = pixel;
+        low = {std::min(low.x, pixel.x), std::min(low.y, pixel.y)};
+        high = {std::max(high.x, pixel.x), std::max(high.y, pixel.y)};
     }
+    low_ = low;
+    high_ = high;
     return true;
 }
 
