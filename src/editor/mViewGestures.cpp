@@ -12,7 +12,7 @@
 namespace korvane {
 namespace {
 
-constexpr double kThinnestBrush = 0.01;  // world units
+constexpr float kThinnestBrush = 0.01F;  // world units, compared as stored
 
 bool IsRunning(const ViewGesture& gesture) {
     return gesture.dragging || gesture.panning;
@@ -91,6 +91,7 @@ void FinishCreation(Editor& editor) {
     TakeUndoSnapshot(editor);
     editor.host.RequestRedraw(RedrawView(editor.gesture.view));  // without the rectangle
     const auto [start, end] = BrushCorners(editor);
+    UpdateCommandStates(editor);  // the title tells of the snapshot even where nothing is built
     if (!HasExtent(start, end)) return;
     const std::int32_t brush =
         CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space());
