@@ -4,6 +4,21 @@
 #include <QPainter>
 
 namespace korvane {
+namespace {
+
+// How much of the text's colour is mixed in: the grip stands out from light and dark panes alike.
+constexpr qreal kFillShare = 0.3;
+constexpr qreal kLineShare = 0.8;
+
+QColor Between(const QPalette& palette, qreal share) {
+    const QColor back = palette.color(QPalette::Window), text = palette.color(QPalette::WindowText);
+    const auto mix = [share](qreal from, qreal to) { return from + (to - from) * share; };
+    return QColor::fromRgbF(static_cast<float>(mix(back.redF(), text.redF())),
+                            static_cast<float>(mix(back.greenF(), text.greenF())),
+                            static_cast<float>(mix(back.blueF(), text.blueF())));
+}
+
+}  // namespace
 
 ucSplitGrip::ucSplitGrip(int handle, int gap, QWidget* parent) : QWidget(parent), handle_(handle) {
     const int side = 2 * handle + gap;
@@ -31,9 +46,8 @@ void ucSplitGrip::mouseReleaseEvent(QMouseEvent* event) {
 
 void ucSplitGrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Window));
-    // Between text and background, so that it stands out from light and dark panes alike.
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.fillRect(rect(), Between(palette(), kFillShare));
+    painter.setPen(Between(palette(), kLineShare));
     for (int inset = 4; inset < handle_; inset += 4) {
         painter.drawLine(inset, handle_ - 1, handle_ - 1, inset);
     }
