@@ -2,6 +2,7 @@
 // whatever shape a brush has been edited into.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <limits>
@@ -148,6 +149,50 @@ TEST(BrushNormalsTest, FansOfAnySizeAndSlope) {
         for (const double slope : {1.0, 1e-3, 1e-6, 1e-7, 0.0}) {
             ExpectPlainNormals(Fan(triangles, slope), "fan");
         }
+    }
+}
+
+/// Walls at vertex 0 whose normals cancel out pairwise along X, and `level` nearly level faces
+/// whose small X component the sum of the walls swallows bits of, unless it comes after them. In
+/// random order.
+Brush OpposedWalls(int pairs, int level, float slope, std::uint32_t seed) {
+    Brush brush;
+    AddVertex(brush, {0, 0, 0}, false);
+    const std::int32_t z = AddVertex(brush, {0, 0, 1}, false);
+    for (int i = 1; i <= pairs; ++i) {
+        const float s = 0.5F * static_cast<float>(i) / static_cast<float>(pairs);
+        AddFace(brush, 0, AddVertex(brush, {s, 1, 0}, false), z, 3);
+        AddFace(brush, 0, z, AddVertex(brush, {-s, 1, 0}, false), 4);
+    }
+    for (int i = 1; i <= level; ++i) {
+        const float t = slope * (1 + 0.1F * static_cast<float>(i));
+        AddFace(brush, 0, z, AddVertex(brush, {1, -t, 0}, false), 5);
+    }
+    std::shuffle(brush.faces.begin(), brush.faces.end(), std::mt19937(seed));
+    return brush;
+}
+
+bool FacesDisagreeAtVertex0(const Brush& brush) {
+    return std::any_of(brush.faces.begin(), brush.faces.end(), [&](const BrushFace& face) {
+        return !(face.cornerNormals[0] == brush.faces[0].cornerNormals[0]);
+    });
+}
+
+TEST(BrushNormalsTest, TheOrderOfSummationIsKept) {
+    struct Row {
+        int pairs, level;
+        float slope;
+    };
+    for (const Row& row :
+         {Row{1, 1, 1e-12F}, Row{3, 2, 1e-12F}, Row{30, 3, 1e-11F}, Row{110, 2, 1e-11F}}) {
+        bool disagreed = false;
+        for (std::uint32_t seed = 0; seed < 6; ++seed) {
+            Brush brush = OpposedWalls(row.pairs, row.level, row.slope, seed);
+            ExpectPlainNormals(brush, "walls");
+            UpdateBrushNormals(brush);
+            disagreed = disagreed || FacesDisagreeAtVertex0(brush);
+        }
+        EXPECT_TRUE(disagreed) << "with this row the order should matter";
     }
 }
 
