@@ -16,7 +16,7 @@ Vec3 At(double x, double y, double z) {
 void Island(SampleKit& kit) {
     kit.Group("Land");
     kit.Texture("Grass.jpg", 1.3);
-    kit.Block(At(-3.4, -0.1, -4), At(3.4, 0.05, 1.8));
+    kit.Block(At(-3.4, -0.1, -4), At(3.4, 0.05, 2.3));
     kit.Group("Moat");
     kit.Texture("Water.jpg", 1.2);
     kit.Drum(0, kZ, 1.95, 0, 0.07, 32);
@@ -112,7 +112,7 @@ void Bridge(SampleKit& kit) {
         }
     }
     kit.Texture("Cobble.jpeg", 0.6);
-    Brush& ramp = kit.Block(At(-0.24, 0, to), At(0.24, 0.2, 1.8));
+    Brush& ramp = kit.Block(At(-0.24, 0, to), At(0.24, 0.2, 1.9));
     kit.Reshape(ramp, [to](const Vec3& p) {
         const bool end = p.z > to + 0.01 && p.y > 0.1F;
         return end ? At(p.x, 0.06, p.z) : p;
@@ -164,9 +164,9 @@ void Top(SampleKit& kit) {
     kit.Texture("Roof_Tiles.gif", 0.6);
     SampleKit::Smooth(kit.Spire(0, kZ, 0.44, 1.72, 2.12, 16));
     kit.Texture("Metal.tga", 0.3);
-    SampleKit::Smooth(kit.Drum(0, kZ, 0.014, 2.05, 2.34, 6));
-    kit.Texture("Marble_Black.tga", 0.5);
-    kit.Block(At(0.014, 2.2, kZ - 0.006), At(0.26, 2.32, kZ + 0.006));
+    SampleKit::Smooth(kit.Drum(0, kZ, 0.014, 2.05, 2.27, 6));
+    kit.Texture("Roof_Tiles.gif", 0.6);
+    kit.Block(At(0.014, 2.14, kZ - 0.006), At(0.26, 2.26, kZ + 0.006));
 }
 
 }  // namespace
@@ -183,6 +183,7 @@ Scene BuildCastleTower(TextureLibrary& library) {
     Shaft(kit);
     Openings(kit);
     Top(kit);
+    kit.MoveAhead(0.4);  // into the start camera's view
     return kit.Object();
 }
 

@@ -24,7 +24,7 @@ Place FieldAt(int column, int row) {  // row 0 is White's, nearest to the start 
 
 void Room(SampleKit& kit) {
     kit.Group("Floor");
-    kit.Texture("Sand.bmp", 1.2);
+    kit.Texture("Stone.jpg", 1.2);
     kit.Block(At(-3.6, -0.1, -4.4), At(3.6, 0.03, 2.6));
     kit.Group("Table");
     kit.Texture("Planks.jpg", 1.2);
@@ -55,7 +55,7 @@ void Board(SampleKit& kit) {
 /// Studs in the rim, one for each row and column.
 void Studs(SampleKit& kit) {
     kit.Group("Studs");
-    kit.Texture("Metal.tga", 0.3);
+    kit.Texture("Metal.tga", 1.0);
     const double reach = 4 * kField + 0.12, top = kTop + 0.03;
     for (int i = 0; i < 8; ++i) {
         const double along = (i - 3.5) * kField;

@@ -16,9 +16,9 @@ Vec3 At(double x, double y, double z) {
 void Garden(SampleKit& kit) {
     kit.Group("Garden");
     kit.Texture("Grass.jpg", 1.3);
-    kit.Block(At(-3.4, -0.1, -4), At(3.4, kGround, 1.8));
+    kit.Block(At(-3.4, -0.1, -4), At(3.4, kGround, 2.2));
     kit.Texture("Cobble.jpeg", 0.6);
-    kit.Block(At(0.05, 0, -1.1), At(0.6, kGround + 0.02, 1.8));
+    kit.Block(At(0.05, 0, -1.1), At(0.6, kGround + 0.02, 2.2));
     kit.Texture("Hedge.gif", 1.0);
     kit.Block(At(-3.3, kGround, -3.8), At(-3.1, 0.45, 0.9));
     kit.Block(At(3.1, kGround, -3.8), At(3.3, 0.45, 0.9));
@@ -221,6 +221,7 @@ Scene BuildHouse(TextureLibrary& library) {
     FirTree(kit, 2.1, 0.2, 0.9);
     RoundTree(kit, -2.6, -0.9);
     Barrel(kit, -0.2, -0.75);
+    kit.MoveAhead(0.5);  // into the start camera's view
     return kit.Object();
 }
 

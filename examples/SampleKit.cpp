@@ -105,6 +105,15 @@ void SampleKit::TurnTexture(Brush& brush, int degrees) {
     UpdateTextureCoords(brush, {library_});
 }
 
+void SampleKit::MoveAhead(double distance) {
+    for (Brush& brush : scene_.brushes) {
+        for (Vertex& vertex : brush.vertices) vertex.z = float(vertex.z + distance);
+        UpdateBrushNormals(brush);
+        UpdateTextureCoords(brush, {library_});
+        Touch(brush);
+    }
+}
+
 void SampleKit::Smooth(Brush& brush) {
     for (BrushFace& face : brush.faces) face.smooth = face.polygonId > kLastCap;
 }

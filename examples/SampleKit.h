@@ -35,17 +35,20 @@ class SampleKit {
     /// A sphere.
     Brush& Ball(const Vec3& centre, double radius, int sides);
 
-    /// Moves every vertex and brings normals and texture coordinates in line.
+    /// Moves every vertex of the brush added last; normals and texture follow.
     void Reshape(Brush& brush, const std::function<Vec3(const Vec3&)>& move);
 
-    /// Scales the top of the brush towards its axis (below 1) or away from it (above 1).
+    /// Scales the top of the brush added last towards its axis (below 1) or away from it (above 1).
     void Taper(Brush& brush, double factor);
 
-    /// Turns the brush about the upright axis through (x, z).
+    /// Turns the brush added last about the upright axis through (x, z).
     void Turn(Brush& brush, double degrees, double x, double z);
 
     /// Lays the texture that many degrees turned on every side.
     void TurnTexture(Brush& brush, int degrees);
+
+    /// Moves all brushes made so far along Z, textures and all.
+    void MoveAhead(double distance);
 
     /// Shades the sides as one round surface; caps stay flat.
     static void Smooth(Brush& brush);
