@@ -26,7 +26,8 @@ DISPLAY=:$(cat "$scratch/display")
 export DISPLAY QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
 unset WAYLAND_DISPLAY
 if command -v openbox >/dev/null; then
-    openbox --config-file /dev/null >/dev/null 2>&1 &
+    echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$scratch/openbox.xml"
+    openbox --config-file "$scratch/openbox.xml" >/dev/null 2>&1 &
     manager=$!
 fi
 "$@"

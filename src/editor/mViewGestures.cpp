@@ -91,11 +91,14 @@ void FinishCreation(Editor& editor) {
     TakeUndoSnapshot(editor);
     editor.host.RequestRedraw(RedrawView(editor.gesture.view));  // without the rectangle
     const auto [start, end] = BrushCorners(editor);
-    UpdateCommandStates(editor);  // the title tells of the snapshot even where nothing is built
-    if (!HasExtent(start, end)) return;
     const std::int32_t brush =
-        CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space());
-    if (brush < 0) return;
+        HasExtent(start, end)
+            ? CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space())
+            : -1;
+    if (brush < 0) {
+        UpdateCommandStates(editor);  // the snapshot alone marks the scene as modified
+        return;
+    }
     SelectOnly(editor.scene, brush);
     RefreshAll(editor);
 }

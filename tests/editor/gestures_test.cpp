@@ -124,8 +124,11 @@ TEST_F(GesturesTest, WhatIsThinnerThanAHundredthCreatesNothing) {
     editor.depthRange = {1.5F, 1.5F};
     Drag(TopView, Left(200, 150), Left(360, 390));
     EXPECT_EQ(editor.scene.brushCount(), 0) << "HI = LO";
-    EXPECT_EQ(host.commandStateRefreshes, 0);
+    EXPECT_EQ(host.commandStateRefreshes, 3) << "the title tells of the changes";
     EXPECT_EQ(host.focusReturns, 3);
+    editor.depthRange = {0.01F, 0};
+    Drag(TopView, Left(200, 150), Left(360, 390));
+    EXPECT_EQ(editor.scene.brushCount(), 1) << "exactly a hundredth";
 }
 
 TEST_F(GesturesTest, ASelectionAModifierOrTheMarkerKeepsADragFromCreating) {

@@ -1,1 +1,0 @@
-../../tools/with_display.sh
