@@ -1,5 +1,5 @@
 // A castle tower inside its curtain wall, on an island in a moat.
-#include "SampleKit.h"
+#include "examples/SampleKit.h"
 
 namespace korvane {
 namespace {

@@ -1,5 +1,5 @@
 // A chess table with all its pieces at the start of a game.
-#include "SampleKit.h"
+#include "examples/SampleKit.h"
 
 namespace korvane {
 namespace {

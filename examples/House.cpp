@@ -1,6 +1,6 @@
 // A small house with a garden: bricks and plaster, tiled roofs, a pond, trees and a fence.
-#include "SampleKit.h"
 #include "base/Rounding.h"
+#include "examples/SampleKit.h"
 
 namespace korvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "SampleKit.h"
+#include "examples/SampleKit.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "SampleKit.h"
+#include "examples/SampleKit.h"
 #include "files/FileBuffer.h"
 #include "files/mObjectFile.h"
 #include "textures/ui/mImageFile.h"
