@@ -99,24 +99,26 @@ void NormalsPair(const std::string& name, BrushShape shape, std::int32_t sides) 
         [b = brush]() mutable { UpdateBrushNormals(b); });
 }
 
-/// The whole creation of a sphere against its merge and normals alone.
-void SphereCreationPair() {
+/// The whole creation of a brush against its normals alone, and its merge where it is a sphere.
+void CreationPair(const std::string& name, BrushShape shape, std::int32_t sides) {
     World world;
-    const Brush sphere = world.Create(Sphere, 64);
-    const auto plainWork = [](Brush& b) {
-        plain::UnmergeSphere(b);
-        plain::MergeEqualVertices(b);
+    const Brush built = world.Create(shape, sides);
+    const auto plainWork = [shape](Brush& b) {
+        if (shape == Sphere) {
+            plain::UnmergeSphere(b);
+            plain::MergeEqualVertices(b);
+        }
         plain::UpdateBrushNormals(b);
     };
-    Brush again = sphere;
+    Brush again = built;
     plainWork(again);
-    Expect(SameBits(sphere, again), "sphere 64");
+    Expect(SameBits(built, again), name.c_str());
     Pair(
-        "Create/sphere 64", [plainWork, b = sphere]() mutable { plainWork(b); },
-        [] {
+        name, [plainWork, b = built]() mutable { plainWork(b); },
+        [shape, sides] {
             static World fresh;
             ClearScene(fresh.scene);
-            benchmark::DoNotOptimize(fresh.Create(Sphere, 64).faces.data());
+            benchmark::DoNotOptimize(fresh.Create(shape, sides).faces.data());
         });
 }
 
@@ -141,7 +143,8 @@ void ManyBoxesPair() {
 int main(int argc, char** argv) {
     using namespace korvane;
     benchmark::Initialize(&argc, argv);
-    SphereCreationPair();
+    CreationPair("Create/sphere 64", Sphere, 64);
+    CreationPair("Create/cone 64", Cone, 64);
     NormalsPair("Normals/sphere 64", Sphere, 64);
     NormalsPair("Normals/sphere 16", Sphere, 16);
     NormalsPair("Normals/cone 64", Cone, 64);

@@ -1,11 +1,11 @@
 // Face normals, shading normals and bounds.
 //
 // A shading normal is the average of the distinct normals of the sides that meet a vertex, summed
-// in a fixed order: the face's own normal first, then the others in face order. Since the order
-// decides the last bit of a sum, the work is arranged per vertex in a way that keeps it: one list
-// of the vertex's distinct normals in face order serves all faces there, each taking its own entry
-// out of the row and putting it in front. Where every sum is exact the order does not matter and
-// one sum serves them all, which is what makes apexes and poles cheap.
+// in a fixed order: the face's own normal first, then the others in face order. The order decides
+// the last bits of a sum only where the sum is rounded, and that is rare: nearly always all partial
+// sums are exact, and one list of distinct normals per vertex, with one average, serves all faces
+// there. Where a sum may be rounded, or a vertex meets too many sides to search their list (apexes,
+// poles), the vertex is done again with a hashed list, each face putting its own entry in front.
 #include "scene/mNormals.h"
 
 #include <algorithm>
@@ -64,10 +64,47 @@ struct Side {
     Vec3 normal;
     bool addsExactly;
     std::uint32_t face;
-    std::array<std::uint32_t, 3> vertices;
+    std::array<std::uint32_t, 3> lists;  // of the vertices of its corners
 };
 
-/// The distinct normals at one vertex in the order of their first appearance, hashed.
+/// The distinct normals at one vertex, as long as they are few and their order does not matter.
+class ShortList {
+  public:
+    void Clear() {
+        count_ = 0;
+        complete_ = true;
+    }
+
+    void Add(const Side& side) {
+        for (std::uint32_t i = 0; i < count_; ++i) {
+            if (normals_[i] == side.normal) return;
+        }
+        if (count_ == normals_.size() || !side.addsExactly) {
+            complete_ = false;
+        } else {
+            normals_[count_++] = side.normal;
+        }
+    }
+
+    void TakeAverage() {
+        Sum sum;
+        for (std::uint32_t i = 0; i < count_; ++i) sum.Add(normals_[i]);
+        average_ = sum.Average(count_);
+    }
+
+    const Vec3& Average() const { return average_; }
+
+    /// False where a normal had to be left out: the average is not that of all.
+    bool Complete() const { return complete_; }
+
+  private:
+    std::array<Vec3, 8> normals_;  // a vertex of a sphere meets six sides
+    std::uint32_t count_ = 0;
+    bool complete_ = true;
+    Vec3 average_;
+};
+
+/// The distinct normals at any vertex in the order of their first appearance, hashed.
 class DistinctNormals {
   public:
     /// Empties the list and makes room for up to `limit` normals.
@@ -132,108 +169,108 @@ class NormalUpdate {
   public:
     void Run(Brush& brush) {
         ComputeFaceNormals(brush);
-        ListSidesOfVertices();
-        AverageVertices();
+        for (std::uint32_t i = 0; i < listCount_; ++i) lists_[i].TakeAverage();
         StoreAverages(brush);
-        for (const std::uint32_t v : careful_) StoreOwnAverages(brush, v);
+        StoreOwnAverages(brush);
     }
 
   private:
-    using SideIndices = std::span<const std::uint32_t>;
+    /// A side at a vertex whose list is not complete.
+    struct Meeting {
+        std::uint32_t list;
+        std::uint32_t side;
+
+        friend auto operator<=>(const Meeting&, const Meeting&) = default;
+    };
 
     void ComputeFaceNormals(Brush& brush) {
         sides_.clear();
-        ends_.assign(brush.vertices.size() + 1, 0);
+        listOf_.assign(brush.vertices.size(), kNoList);
+        listCount_ = 0;
         std::uint32_t f = 0;
         for (BrushFace& face : brush.faces) {
-            const std::array<std::uint32_t, 3> v{Index(face.a), Index(face.b), Index(face.c)};
-            face.normal =
-                UnitNormal(brush.vertices[v[0]].Position(), brush.vertices[v[1]].Position(),
-                           brush.vertices[v[2]].Position());
+            const Vec3 normal = UnitNormal(PositionOf(brush, face.a), PositionOf(brush, face.b),
+                                           PositionOf(brush, face.c));
+            face.normal = normal;
             if (face.polygonId > kLastCapId) {
-                sides_.push_back({face.normal, AddsExactly(face.normal), f, v});
-                for (const std::uint32_t vertex : v) ++ends_[vertex + 1];
+                AddSide({normal,
+                         AddsExactly(normal),
+                         f,
+                         {ListOf(face.a), ListOf(face.b), ListOf(face.c)}});
             } else {
-                face.cornerNormals.fill(face.normal);
+                face.cornerNormals.fill(normal);
             }
             ++f;
         }
     }
 
-    /// Sorts the sides by vertex: those of vertex v, in face order, stand in sidesOf_ from
-    /// ends_[v - 1] (0 for the first) to ends_[v].
-    void ListSidesOfVertices() {
-        for (std::size_t v = 1; v < ends_.size(); ++v) ends_[v] += ends_[v - 1];
-        sidesOf_.resize(3 * sides_.size());
+    static Vec3 PositionOf(const Brush& brush, std::int32_t vertex) {
+        return brush.vertices[static_cast<std::size_t>(vertex)].Position();
+    }
+
+    /// The list of a vertex; merged vertices that no side meets get none.
+    std::uint32_t ListOf(std::int32_t vertex) {
+        std::uint32_t& list = listOf_[static_cast<std::size_t>(vertex)];
+        if (list == kNoList) {
+            list = listCount_++;
+            if (lists_.size() < listCount_) lists_.resize(2 * std::size_t{listCount_});
+            lists_[list].Clear();
+        }
+        return list;
+    }
+
+    void AddSide(const Side& side) {
+        sides_.push_back(side);
+        for (const std::uint32_t list : side.lists) lists_[list].Add(side);
+    }
+
+    void StoreAverages(Brush& brush) {
+        meetings_.clear();
         for (std::uint32_t s = 0; s < sides_.size(); ++s) {
-            for (const std::uint32_t vertex : sides_[s].vertices) sidesOf_[ends_[vertex]++] = s;
-        }
-    }
-
-    SideIndices SidesOf(std::size_t v) const {
-        const std::uint32_t first = v == 0 ? 0 : ends_[v - 1];
-        return {sidesOf_.data() + first, ends_[v] - first};
-    }
-
-    void AverageVertices() {
-        const std::size_t count = ends_.size() - 1;
-        if (averages_.size() < count) averages_.resize(count);
-        careful_.clear();
-        for (std::uint32_t v = 0; v < count; ++v) {
-            const SideIndices sides = SidesOf(v);
-            if (!sides.empty() && !AverageShort(sides, averages_[v])) careful_.push_back(v);
-        }
-    }
-
-    /// The one average that all sides of a vertex see; false where they are too many to search or
-    /// their sum depends on the order.
-    bool AverageShort(SideIndices sides, Vec3& average) const {
-        std::array<const Vec3*, 12> known;
-        std::size_t count = 0;
-        Sum sum;
-        for (const std::uint32_t s : sides) {
             const Side& side = sides_[s];
-            std::size_t i = 0;
-            while (i < count && !(*known[i] == side.normal)) ++i;
-            if (i < count) continue;
-            if (count == known.size() || !side.addsExactly) return false;
-            known[count++] = &side.normal;
-            sum.Add(side.normal);
-        }
-        average = sum.Average(count);
-        return true;
-    }
-
-    void StoreAverages(Brush& brush) const {
-        for (const Side& side : sides_) {
             std::array<Vec3, 3>& corners = brush.faces[side.face].cornerNormals;
-            for (std::size_t i = 0; i < 3; ++i) corners[i] = averages_[side.vertices[i]];
-        }
-    }
-
-    /// Gives every side the average that starts with its own normal.
-    void StoreOwnAverages(Brush& brush, std::uint32_t v) {
-        const SideIndices sides = SidesOf(v);
-        distinct_.Reset(sides.size());
-        entries_.clear();
-        for (const std::uint32_t s : sides) entries_.push_back(distinct_.IndexOf(sides_[s]));
-        const Vec3 shared = distinct_.AverageFrom(0);
-        for (std::size_t i = 0; i < sides.size(); ++i) {
-            const Side& side = sides_[sides[i]];
-            const Vec3 average = distinct_.Exact() ? shared : distinct_.AverageFrom(entries_[i]);
-            for (std::size_t c = 0; c < 3; ++c) {
-                if (side.vertices[c] == v) brush.faces[side.face].cornerNormals[c] = average;
+            for (std::size_t i = 0; i < 3; ++i) {
+                const ShortList& list = lists_[side.lists[i]];
+                corners[i] = list.Average();
+                if (!list.Complete()) meetings_.push_back({side.lists[i], s});
             }
         }
     }
 
-    static std::uint32_t Index(std::int32_t v) { return static_cast<std::uint32_t>(v); }
+    /// Where a short list was not enough, vertex by vertex.
+    void StoreOwnAverages(Brush& brush) {
+        std::sort(meetings_.begin(), meetings_.end());
+        for (auto first = meetings_.begin(); first != meetings_.end();) {
+            const auto end = std::find_if(first, meetings_.end(),
+                                          [&](const Meeting& m) { return m.list != first->list; });
+            StoreOwnAverages(brush, {first, end});
+            first = end;
+        }
+    }
+
+    /// Gives every side at one vertex the average that starts with its own normal.
+    void StoreOwnAverages(Brush& brush, std::span<const Meeting> meetings) {
+        distinct_.Reset(meetings.size());
+        entries_.clear();
+        for (const Meeting& m : meetings) entries_.push_back(distinct_.IndexOf(sides_[m.side]));
+        const Vec3 shared = distinct_.AverageFrom(0);
+        for (std::size_t i = 0; i < meetings.size(); ++i) {
+            const Side& side = sides_[meetings[i].side];
+            const Vec3 average = distinct_.Exact() ? shared : distinct_.AverageFrom(entries_[i]);
+            for (std::size_t c = 0; c < 3; ++c) {
+                if (side.lists[c] != meetings[i].list) continue;
+                brush.faces[side.face].cornerNormals[c] = average;
+            }
+        }
+    }
+
+    static constexpr std::uint32_t kNoList = 0xFFFFFFFFU;
 
     std::vector<Side> sides_;
-    std::vector<std::uint32_t> ends_;
-    std::vector<std::uint32_t> sidesOf_;
-    std::vector<Vec3> averages_;          // per vertex; stale where no side meets it
-    std::vector<std::uint32_t> careful_;  // vertices left to StoreOwnAverages
+    std::vector<std::uint32_t> listOf_;  // per vertex
+    std::vector<ShortList> lists_;       // listCount_ of them are in use
+    std::uint32_t listCount_ = 0;
+    std::vector<Meeting> meetings_;
     std::vector<std::uint32_t> entries_;
     DistinctNormals distinct_;
 };

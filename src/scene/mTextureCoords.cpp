@@ -2,21 +2,26 @@
 // differ in what a coordinate is divided by.
 #include "scene/mTextureCoords.h"
 
-#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "scene/mNormals.h"
 
 namespace korvane {
 namespace {
 
-using Axes = std::array<double, 3>;
-
 /// One texture direction on a face: along a world axis or against it.
 struct Direction {
-    std::size_t axis;
-    bool against;
+    float Vertex::*place;
+    float Vec3::*bound;
+    double sign;
 };
+
+constexpr Direction kAlongX{&Vertex::x, &Vec3::x, 1};
+constexpr Direction kAgainstX{&Vertex::x, &Vec3::x, -1};
+constexpr Direction kAlongY{&Vertex::y, &Vec3::y, 1};
+constexpr Direction kAlongZ{&Vertex::z, &Vec3::z, 1};
+constexpr Direction kAgainstZ{&Vertex::z, &Vec3::z, -1};
 
 struct Projection {
     Direction u, v;
@@ -25,9 +30,9 @@ struct Projection {
 // Rows: facing X, Y, Z; columns: the normal points along the axis (0 included) or against it. The
 // signs make a texture read the right way round from outside.
 constexpr Projection kProjections[3][2] = {
-    {{{2, true}, {1, false}}, {{2, false}, {1, false}}},
-    {{{0, false}, {2, true}}, {{0, false}, {2, false}}},
-    {{{0, false}, {1, false}}, {{0, true}, {1, false}}},
+    {{kAgainstZ, kAlongY}, {kAlongZ, kAlongY}},
+    {{kAlongX, kAgainstZ}, {kAlongX, kAlongZ}},
+    {{kAlongX, kAlongY}, {kAgainstX, kAlongY}},
 };
 
 const Projection& ProjectionOf(const Vec3& normal) {
@@ -42,37 +47,38 @@ struct Coordinate {
     double u, v;
 };
 
-/// Tiles of a fixed world size. A tile without size (a scale of 0) gives 0.
-struct WorldMapping {
-    double width, height;
+/// World mapping of one direction: tiles of a fixed size. A tile without size (a scale of 0) gives
+/// 0.
+class Tiled {
+  public:
+    Tiled(const Direction& d, double tile)
+        : place_(d.place),
+          divisor_(tile == 0 ? std::numeric_limits<double>::infinity() : d.sign * tile) {}
 
-    static double Along(const Axes& p, const Direction& d, double tile) {
-        if (tile == 0) return 0;
-        return (d.against ? -p[d.axis] : p[d.axis]) / tile;
-    }
+    double operator()(const Vertex& p) const { return p.*place_ / divisor_; }
 
-    Coordinate operator()(const Axes& p, const Projection& projection) const {
-        return {Along(p, projection.u, width), Along(p, projection.v, height)};
-    }
+  private:
+    float Vertex::*place_;
+    double divisor_;
 };
 
-/// One copy over the bounds of the brush, repeated and moved.
-struct LocalMapping {
-    const Axes& min;
-    const Axes& max;
-    const BrushFace& face;
-
-    double Along(const Axes& p, const Direction& d, double repeat, double offset) const {
-        const double size = max[d.axis] - min[d.axis];
-        if (!(size > 0)) return offset;  // flat: vertex editing can do that
-        const double distance = d.against ? min[d.axis] - p[d.axis] : p[d.axis] - min[d.axis];
-        return distance / size * repeat + offset;
+/// Local mapping of one direction: one copy over the bounds, repeated and moved. Without extent,
+/// which vertex editing can bring about, every vertex lies at the start and gets the offset.
+class Stretched {
+  public:
+    Stretched(const Direction& d, const Bounds& bounds, double repeat, double offset)
+        : place_(d.place), start_(bounds.min.*d.bound), repeat_(repeat), offset_(offset) {
+        const double size = bounds.max.*d.bound - start_;
+        divisor_ = size > 0 ? d.sign * size : 1;
     }
 
-    Coordinate operator()(const Axes& p, const Projection& projection) const {
-        return {Along(p, projection.u, face.repeatX, face.offsetX),
-                Along(p, projection.v, face.repeatY, face.offsetY)};
+    double operator()(const Vertex& p) const {
+        return (p.*place_ - start_) / divisor_ * repeat_ + offset_;
     }
+
+  private:
+    float Vertex::*place_;
+    double start_, divisor_, repeat_, offset_;
 };
 
 /// The settings applied last: flip, mirror, rotation, in this order.
@@ -86,46 +92,53 @@ class Finish {
         sin_ = std::sin(t);
     }
 
-    TexCoord operator()(Coordinate t) const {
-        if (flipped_) t.v = -t.v;
-        if (mirrored_) t.u = -t.u;
-        if (turned_) t = {t.u * cos_ - t.v * sin_, t.u * sin_ + t.v * cos_};
-        return {static_cast<float>(t.u), static_cast<float>(t.v)};
+    TexCoord operator()(double u, double v) const {
+        if (flipped_) v = -v;
+        if (mirrored_) u = -u;
+        if (!turned_) return Stored(u, v);
+        return Stored(u * cos_ - v * sin_, u * sin_ + v * cos_);
     }
 
   private:
+    static TexCoord Stored(double u, double v) {
+        return {static_cast<float>(u), static_cast<float>(v)};
+    }
+
     bool flipped_, mirrored_, turned_;
     double cos_ = 1, sin_ = 0;
 };
 
 template <class Mapping>
-void Project(const Brush& brush, BrushFace& face, const Mapping& mapping) {
-    const Projection& projection = ProjectionOf(face.normal);
+void Project(const Brush& brush, BrushFace& face, const Mapping& u, const Mapping& v) {
     const Finish finish(face);
     const std::int32_t corners[3] = {face.a, face.b, face.c};
     for (std::size_t i = 0; i < 3; ++i) {
         const Vertex& p = brush.vertices[static_cast<std::size_t>(corners[i])];
-        face.uv[i] = finish(mapping(Axes{p.x, p.y, p.z}, projection));
+        face.uv[i] = finish(u(p), v(p));
     }
 }
 
-WorldMapping TilesOf(std::int32_t texture, const TextureSpace& space) {
-    const double scale = space.TextureScale;
-    return {space.library.TextureWidth(texture) * scale / 512,
-            space.library.TextureHeight(texture) * scale / 512};
-}
+/// World size of one tile of a texture.
+struct Tile {
+    double width, height;
+
+    Tile(std::int32_t texture, const TextureSpace& space)
+        : width(space.library.TextureWidth(texture) * double{space.TextureScale} / 512),
+          height(space.library.TextureHeight(texture) * double{space.TextureScale} / 512) {}
+};
 
 }  // namespace
 
 void UpdateTextureCoords(Brush& brush, const TextureSpace& space) {
     const Bounds bounds = BrushBounds(brush);
-    const Axes min{bounds.min.x, bounds.min.y, bounds.min.z};
-    const Axes max{bounds.max.x, bounds.max.y, bounds.max.z};
     for (BrushFace& face : brush.faces) {
+        const auto& [u, v] = ProjectionOf(face.normal);
         if (face.localCoords) {
-            Project(brush, face, LocalMapping{min, max, face});
+            Project(brush, face, Stretched(u, bounds, face.repeatX, face.offsetX),
+                    Stretched(v, bounds, face.repeatY, face.offsetY));
         } else {
-            Project(brush, face, TilesOf(face.texture, space));
+            const Tile tile(face.texture, space);
+            Project(brush, face, Tiled(u, tile.width), Tiled(v, tile.height));
         }
     }
     Touch(brush);

@@ -143,9 +143,9 @@ Brush Fan(int triangles, double slope) {
 }
 
 TEST(BrushNormalsTest, FansOfAnySizeAndSlope) {
-    // Around 12 and 200 distinct normals the way of adding up changes; at slopes near 0 the small
+    // Around 8 and 200 distinct normals the way of adding up changes; at slopes near 0 the small
     // components make the order of summation count.
-    for (const int triangles : {2, 11, 12, 13, 40, 199, 200, 201, 400}) {
+    for (const int triangles : {2, 7, 8, 9, 10, 40, 199, 200, 201, 400}) {
         for (const double slope : {1.0, 1e-3, 1e-6, 1e-7, 0.0}) {
             ExpectPlainNormals(Fan(triangles, slope), "fan");
         }
