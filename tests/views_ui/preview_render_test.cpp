@@ -258,9 +258,9 @@ TEST(PreviewGridTest, StaysInTheWorldAndFollowsInWholeUnits) {
 TEST(PreviewPictureTest, StrangeScenesAreDrawnWithoutHarm) {
     PreviewStage stage;
     stage.Add({0, 0, 0}, {1, 1, 1}, 0);
-    auto& brush = stage.editor.scene.brushes[0];
     AddBrush(stage.editor.scene, "", "");  // nothing in it
-    brush.faces[0].texture = 99;           // not in the library
+    Brush& brush = stage.editor.scene.brushes[0];
+    brush.faces[0].texture = 99;  // not in the library
     brush.faces[1].texture = -3;
     brush.faces[2].a = 4711;                                 // no such vertex
     brush.faces[3].a = brush.faces[3].b = brush.faces[3].c;  // no area
@@ -270,7 +270,7 @@ TEST(PreviewPictureTest, StrangeScenesAreDrawnWithoutHarm) {
     Touch(brush);
     stage.Render();
     EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
-    EXPECT_EQ(stage.renderer.mesh.faces.size(), stage.editor.scene.brushes[0].faces.size() - 1);
+    EXPECT_EQ(stage.renderer.mesh.faces.size(), brush.faces.size() - 1);
 }
 
 TEST(PreviewPictureTest, BrushesBeyondTheWorkingRangeAreNotLost) {
