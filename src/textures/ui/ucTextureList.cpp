@@ -26,6 +26,9 @@ ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the views
     setAccessibleName(tr("Texture list"));
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    setFont(small);  // names have the width of a thumbnail
     hsViewOffset_->setObjectName("hsViewOffset");
     hsViewOffset_->setAccessibleName(tr("Scroll the textures"));
     connect(hsViewOffset_, &QScrollBar::valueChanged, this, [this] { update(); });
@@ -91,12 +94,14 @@ void ucTextureList::PaintThumbnail(QPainter& painter, const TextureListLayout& l
     if (static_cast<std::size_t>(index) < thumbnails_.size()) {
         painter.drawImage(place.topLeft(), thumbnails_[static_cast<std::size_t>(index)]);
     }
-    const QRect line(place.left(), place.bottom() + 1 + kHighlightReach, place.width(),
-                     NameHeight());
+    constexpr int kNameReach =
+        (kThumbnailPitch - kThumbnailSide) / 2 - 1;  // nearly to the neighbour
+    const QRect line(place.left() - kNameReach, place.bottom() + 1 + kHighlightReach,
+                     place.width() + 2 * kNameReach, NameHeight());
     if (line.bottom() >= hsViewOffset_->y()) return;
     const QString name = QString::fromStdString(editor_.textures.TextureName(index));
     painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter,
-                     fontMetrics().elidedText(name, Qt::ElideRight, line.width()));
+                     fontMetrics().elidedText(name, Qt::ElideMiddle, line.width()));
 }
 
 void ucTextureList::paintEvent(QPaintEvent*) {
