@@ -7,10 +7,10 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <functional>
 
 #include "scene/mBrush.h"
@@ -20,7 +20,6 @@
 namespace korvane {
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Work = std::function<void()>;
 
 struct World {
@@ -35,20 +34,27 @@ struct World {
     }
 };
 
+/// Processor time, so that what else the machine does leaves the ratios alone.
 double SecondsOf(const Work& work, int repeats) {
-    const Clock::time_point start = Clock::now();
+    const std::clock_t start = std::clock();
     for (int i = 0; i < repeats; ++i) work();
-    return std::chrono::duration<double>(Clock::now() - start).count() / repeats;
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / repeats;
+}
+
+/// How often the work has to be done to take 10 milliseconds or more.
+int RepeatsFor(const Work& work) {
+    int repeats = 1;
+    while (SecondsOf(work, repeats) * repeats < 0.01) repeats *= 2;
+    return repeats;
 }
 
 /// Times both in turns and takes the median ratio, so that a drifting clock rate hits both alike.
-double MedianRatio(const Work& plain, const Work& fast, int rounds) {
-    const double once = std::max(SecondsOf(plain, 1), 1e-7);
-    const int plainRepeats = std::max(1, static_cast<int>(0.005 / once));
-    const double fastOnce = std::max(SecondsOf(fast, 3), 1e-7);
-    const int fastRepeats = std::max(1, static_cast<int>(0.005 / fastOnce));
+double MedianRatio(const Work& plain, const Work& fast) {
+    constexpr int kRounds = 9;
+    const int plainRepeats = RepeatsFor(plain);
+    const int fastRepeats = RepeatsFor(fast);
     std::vector<double> ratios;
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < kRounds; ++i) {
         ratios.push_back(SecondsOf(plain, plainRepeats) / SecondsOf(fast, fastRepeats));
     }
     std::sort(ratios.begin(), ratios.end());
@@ -75,13 +81,12 @@ void Expect(bool same, const char* what) {
     std::exit(1);
 }
 
-void Pair(const std::string& name, const Work& plain, const Work& fast, int rounds = 9) {
+void Pair(const std::string& name, const Work& plain, const Work& fast) {
     benchmark::RegisterBenchmark((name + "/plain").c_str(), [plain](benchmark::State& state) {
         for (auto _ : state) plain();
     })->Unit(benchmark::kMicrosecond);
-    benchmark::RegisterBenchmark((name + "/fast").c_str(), [plain, fast,
-                                                            rounds](benchmark::State& state) {
-        const double ratio = MedianRatio(plain, fast, rounds);
+    benchmark::RegisterBenchmark((name + "/fast").c_str(), [plain, fast](benchmark::State& state) {
+        const double ratio = MedianRatio(plain, fast);
         for (auto _ : state) fast();
         state.counters["plain_over_fast"] = ratio;
     })->Unit(benchmark::kMicrosecond);

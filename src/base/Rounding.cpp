@@ -1,5 +1,6 @@
 #include "base/Rounding.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -26,7 +27,9 @@ double Round(double x) {
 }
 
 double Round(double x, int digits) {
-    const double scale = std::pow(10.0, digits);
+    static constexpr double kScales[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const double scale = kScales[std::clamp(digits, 0, 15)];
     return std::nearbyint(x * scale) / scale;
 }
 

@@ -95,6 +95,13 @@ void Reserve(Brush& brush, std::size_t vertices, std::size_t faces) {
     brush.faces.reserve(faces);
 }
 
+/// The ring that the brush consists of so far once more, at another height.
+void AddRingBelow(Brush& brush, float y) {
+    for (std::size_t i = 0, sides = brush.vertices.size(); i < sides; ++i) {
+        AddVertex(brush, {brush.vertices[i].x, y, brush.vertices[i].z}, false);
+    }
+}
+
 void AddBottomCap(Brush& brush, std::int32_t sides) {
     for (std::size_t i = brush.faces.size(); i-- > 0;) {
         const BrushFace top = brush.faces[i];
@@ -106,7 +113,7 @@ void BuildBox(Brush& brush, const Vec3& p1, const Vec3& p2, std::int32_t sides) 
     const auto n = static_cast<std::size_t>(sides);
     Reserve(brush, 2 * n, 4 * n - 4);
     AddRing(brush, p1, p2, std::max(p1.y, p2.y), sides);
-    AddRing(brush, p1, p2, std::min(p1.y, p2.y), sides);
+    AddRingBelow(brush, std::min(p1.y, p2.y));
     TriangulateCap(brush, kTopCapId);
     AddBottomCap(brush, sides);
     for (std::int32_t i = 0; i < sides; ++i) {

@@ -76,6 +76,7 @@ class ShortList {
     }
 
     void Add(const Side& side) {
+        if (!complete_) return;
         for (std::uint32_t i = 0; i < count_; ++i) {
             if (normals_[i] == side.normal) return;
         }
@@ -239,7 +240,10 @@ class NormalUpdate {
 
     /// Where a short list was not enough, vertex by vertex.
     void StoreOwnAverages(Brush& brush) {
-        std::sort(meetings_.begin(), meetings_.end());
+        // One apex, or the two poles one after the other, are in order already.
+        if (!std::is_sorted(meetings_.begin(), meetings_.end())) {
+            std::sort(meetings_.begin(), meetings_.end());
+        }
         for (auto first = meetings_.begin(); first != meetings_.end();) {
             const auto end = std::find_if(first, meetings_.end(),
                                           [&](const Meeting& m) { return m.list != first->list; });
