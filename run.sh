@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Builds the editor and starts it with a sample object, or with the object files named as arguments.
+# Builds the editor and starts it with a sample object, or with the object file named as argument.
 # Without a display it starts inside a virtual one, takes a picture of the window and says where.
 set -eu
+object=${1:-}
+case $object in '' | /*) ;; *) object=$PWD/$object ;; esac # the name counts from this folder
 cd "$(dirname "$0")"
 . tools/setup.sh
 
@@ -9,7 +11,7 @@ need "${build_packages[@]}" "${run_packages[@]}"
 cmake --preset release >/dev/null
 cmake --build --preset release --target korvane
 program=build/release/bin/korvane
-object=${1:-build/release/bin/examples/house.kvobject}
+object=${object:-build/release/bin/examples/house.kvobject}
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || [ "$(uname)" != Linux ]; then
     exec "$program" "$object"

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <algorithm>
 
 namespace korvane {
 namespace {
@@ -40,6 +41,17 @@ BoxButtons ButtonsOf(MessageButtons buttons) {
     return {QMessageBox::Ok, QMessageBox::Ok};
 }
 
+/// The window that a dialog belongs to. One that was only just shown is not active yet.
+QWidget* Owner() {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::ranges::find_if(windows, [](const QWidget* window) {
+        const bool stays = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+        return stays && window->isVisible();
+    });
+    return shown == windows.end() ? nullptr : *shown;
+}
+
 QString NameFilter(const FileDialog& dialog) {
     const QString name = QString::fromStdString(dialog.filterName);
     const QString pattern = "(" + QString::fromStdString(dialog.filterPattern) + ")";
@@ -52,7 +64,7 @@ Answer QtPrompts::ShowMessage(const Message& message) {
     const BoxButtons buttons = ButtonsOf(message.buttons);
     QMessageBox box(BoxIcon(message.icon), QString::fromStdString(message.title),
                     QString::fromStdString(message.text).replace("\r\n", "\n"), buttons.shown,
-                    QApplication::activeWindow());
+                    Owner());
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(buttons.onClose);
     switch (box.exec()) {
@@ -68,14 +80,14 @@ Answer QtPrompts::ShowMessage(const Message& message) {
 }
 
 std::optional<std::string> QtPrompts::AskOpenPath(const FileDialog& dialog) {
-    QFileDialog box(QApplication::activeWindow());
+    QFileDialog box(Owner());
     box.setAcceptMode(QFileDialog::AcceptOpen);
     box.setFileMode(QFileDialog::ExistingFile);
     return Ask(box, dialog);
 }
 
 std::optional<std::string> QtPrompts::AskSavePath(const FileDialog& dialog) {
-    QFileDialog box(QApplication::activeWindow());
+    QFileDialog box(Owner());
     box.setAcceptMode(QFileDialog::AcceptSave);
     box.setFileMode(QFileDialog::AnyFile);
     box.setDefaultSuffix(QString::fromStdString(dialog.defaultExtension));

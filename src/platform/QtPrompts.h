@@ -9,8 +9,8 @@ class QFileDialog;
 
 namespace korvane {
 
-/// Asks with QMessageBox and QFileDialog. Dialogs belong to the active window of the program and
-/// start in the folder that was chosen last.
+/// Asks with QMessageBox and QFileDialog. Dialogs belong to the active window of the program, or
+/// to one that is shown, and start in the folder that was chosen last.
 class QtPrompts final : public Prompts {
   public:
     Answer ShowMessage(const Message& message) override;

@@ -1,11 +1,14 @@
 // The command table: its integrity, radio groups, toggles and enabling.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "editor/mCommands.h"
 #include "support/RecordingHost.h"
+#include "support/TempFolder.h"
 
 namespace korvane {
 namespace {
@@ -142,6 +145,17 @@ TEST_F(CommandsTest, MissingHelpIsTold) {
     EXPECT_EQ(prompts.messages[0].text, "Unable to locate help contents!");
     EXPECT_EQ(prompts.messages[0].title, "No Help Found!");
     EXPECT_TRUE(host.documents.empty());
+}
+
+TEST_F(CommandsTest, HelpIsOpenedWhereItLies) {
+    const test::TempFolder folder;
+    const std::string page = folder.Path("Help/Korvane/index.htm");
+    std::filesystem::create_directories(folder.Path("Help/Korvane"));
+    test::WriteFileBytes(page, {});
+    editor.programFolder = folder.Path();
+    Run("mnuHelpContents");
+    EXPECT_EQ(host.documents, std::vector{page});
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(CommandsTest, TitleCutsFolderAndLastExtension) {

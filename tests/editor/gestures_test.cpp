@@ -77,6 +77,33 @@ TEST_F(GesturesTest, ADragInEachViewCreatesABrushOfTheDepthRange) {
     }
 }
 
+TEST_F(GesturesTest, WhicheverWayTheDragRunsTheRingTurnsOneWay) {
+    editor.scene.sideCount = 3;  // a wedge: its ring tells start from end
+    const struct {
+        int view;
+        MouseInput from, to;
+        Vec3 first, third;  // of the top ring
+    } cases[] = {
+        {TopView, Left(200, 150), Left(360, 390), {0, 2, 0}, {2, 2, 3}},
+        {TopView, Left(360, 390), Left(200, 150), {2, 2, 3}, {0, 2, 0}},
+        {TopView, Left(360, 150), Left(200, 390), {0, 2, 0}, {2, 2, 3}},
+        {TopView, Left(200, 390), Left(360, 150), {2, 2, 3}, {0, 2, 0}},
+        {LeftView, Left(200, 150), Left(280, 70), {0, 1, 0}, {2, 1, 1}},
+        {LeftView, Left(280, 70), Left(200, 150), {2, 1, 1}, {0, 1, 0}},
+        {FrontView, Left(200, 150), Left(280, 70), {1, 1, 2}, {0, 1, 0}},
+        {FrontView, Left(280, 70), Left(200, 150), {1, 1, 2}, {0, 1, 0}},
+    };
+    for (const auto& c : cases) {
+        ClearScene(editor.scene);
+        Drag(c.view, c.from, c.to);
+        ASSERT_EQ(editor.scene.brushCount(), 1);
+        const Brush& wedge = editor.scene.brushes[0];
+        EXPECT_EQ(wedge.vertices[0].Position(), c.first) << c.view;
+        EXPECT_EQ(wedge.vertices[2].Position(), c.third) << c.view;
+        EXPECT_EQ(wedge.faces[0].normal.y, 1) << "the top faces up";
+    }
+}
+
 TEST_F(GesturesTest, ACreationSelectsOnlyTheNewBrushAndRefreshes) {
     AddBrush(editor.scene, "", "");
     editor.scene.editMode = FaceEdit;  // ignores drags only with something selected

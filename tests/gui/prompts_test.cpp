@@ -58,6 +58,18 @@ TEST(QtPromptsTest, EscapeMeansTheHarmlessAnswer) {
     EXPECT_EQ(prompts.ShowMessage({"!", "!", MessageIcon::Stop, MessageButtons::Ok}), Answer::Ok);
 }
 
+TEST(QtPromptsTest, BoxBelongsToAWindowThatIsNotActiveYet) {
+    QWidget window;
+    window.show();
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    QtPrompts prompts;
+    WhenOpen<QMessageBox>([&window](QMessageBox* box) {
+        EXPECT_EQ(box->parentWidget(), &window);
+        box->button(QMessageBox::Ok)->click();
+    });
+    prompts.ShowMessage({"!", "!", MessageIcon::Stop, MessageButtons::Ok});
+}
+
 class FileDialogTest : public testing::Test {
   protected:
     void Type(const QString& name) {

@@ -14,7 +14,7 @@ std::map<double, GridLine> LinesOf(const GridRange& range) {
     return lines;
 }
 
-TEST(Grid, RangeIsTheDescribedOneWhereThatCovers) {
+TEST(Grid, RangeFollowsTheFormulaWhereThatCovers) {
     // origin, size, zoom: a = Round((origin - half) / zoom), b = Round(half / zoom + a) and
     // c = Int(b - size / zoom) by hand.
     const GridRange centred = GridRangeOf(240, 480, 80);
@@ -60,7 +60,7 @@ TEST(Grid, AMajorValueMissedByTheCountersIsNormal) {
     EXPECT_EQ(lines.at(0), GridLine::Center);
     EXPECT_EQ(lines.at(10), GridLine::Normal);
     EXPECT_EQ(lines.at(20), GridLine::Major);
-    // A pass from 3 meets 10 and 20 as described.
+    // A pass from 3 meets both 10 and 20.
     const auto later = LinesOf({3, 20});
     EXPECT_EQ(later.at(10), GridLine::Major);
     EXPECT_EQ(later.at(20), GridLine::Major);

@@ -177,6 +177,40 @@ TEST_F(PaintViewTest, RulersAreThereOrNot) {
     EXPECT_GT(Count(ColorItem::RulerText), 10) << "labels and caption";
 }
 
+TEST_F(PaintViewTest, RulersNameTheWorldsValuesAndTheView) {
+    editor.settings.showRulers = true;
+    const QRgb background = PixelOf(editor.settings.colors[ColorItem::RulerBackground]);
+    const QRgb ink = PixelOf(editor.settings.colors[ColorItem::RulerText]);
+    // The same text drawn alone on the ruler's colour, in the same place.
+    const auto expectText = [&](const char* text, const QPointF& at, const QFont& font,
+                                const QRect& area, int view) {
+        QImage alone(surface.image.size(), QImage::Format_RGB32);
+        alone.fill(background);
+        QPainter painter(&alone);
+        painter.setPen(QColor(ink));
+        painter.setFont(font);
+        QStaticText label(text);
+        label.setTextFormat(Qt::PlainText);
+        painter.drawStaticText(at, label);
+        painter.end();
+        EXPECT_EQ(surface.image.copy(area), alone.copy(area)) << text << " in view " << view;
+    };
+    const struct {
+        const char* caption;
+        const char* below;  // the label one unit below the middle
+    } cases[kViewCount] = {{"TOP", "1.0"}, {"LEFT", "-1.0"}, {"FRONT", "-1.0"}};
+    for (int view = 0; view < kViewCount; ++view) {
+        Paint(view);
+        const QFontMetrics metrics(surface.font);
+        const double half = LabelCache(surface.font).Label(1).size().width() * 0.5;
+        expectText("1.0", {160 - half, 0}, surface.font, {150, 0, 20, metrics.height()}, view);
+        expectText(cases[view].below, {0, 140 - metrics.height() * 0.5}, surface.font,
+                   {0, 134, metrics.horizontalAdvance("-1.0"), 13}, view);
+        expectText(cases[view].caption, {1, 1}, surface.captionFont,
+                   {0, 0, kCaptionRight + 1, kCaptionBottom + 1}, view);
+    }
+}
+
 TEST_F(PaintViewTest, CaptionsFitTheirBox) {
     const QFontMetrics metrics(CaptionFont(surface.font));
     for (const char* caption : {"TOP", "LEFT", "FRONT"})

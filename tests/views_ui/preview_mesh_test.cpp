@@ -111,5 +111,22 @@ TEST_F(PreviewMeshTest, BrushesOutsideTheViewAreLeftOut) {
     EXPECT_EQ(brushes, 4U) << "at 0, 2, 4 and, touching the edge, 6";
 }
 
+TEST_F(PreviewMeshTest, ABrushBeyondAnySideOfTheViewIsLeftOut) {
+    const TextureSpace space{library_, 4};
+    for (const Vec3& at : {Vec3{0, 0, 0}, Vec3{3, 0, 0}, Vec3{-3, 0, 0}, Vec3{0, 3, 0},
+                           Vec3{0, -3, 0}, Vec3{0, 0, 3}, Vec3{0, 0, -3}}) {
+        CreateBrush(scene_, at, {at.x + 0.5F, at.y + 0.5F, at.z + 0.5F}, 4, space);
+    }
+    PreviewView view;
+    view.eye = {50, 50, 50};
+    view.projection = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};  // sees -1..1 of each axis
+    UpdatePreviewMesh(mesh_, scene_);
+    GatherPreviewRuns(scene_, mesh_, view, runs_);
+    EXPECT_EQ(runs_.corners.size(), 6U * 3) << "right, top and front of the first";
+    for (const std::uint32_t corner : runs_.corners) {
+        EXPECT_LT(corner, mesh_.brushes[1].firstCorner);
+    }
+}
+
 }  // namespace
 }  // namespace korvane

@@ -226,8 +226,8 @@ TEST(PreviewPictureTest, BackgroundAndInvisibleFacesFollowTheSettings) {
     EXPECT_EQ(stage.Render().pixel(160, 120), qRgb(10, 20, 30));
 }
 
-/// World x of the grid lines parallel to Z that cross the horizontal middle line of the picture,
-/// seen straight from above.
+/// Where grid lines cross the horizontal middle line of the picture, seen straight from above:
+/// world units to the right of the eye.
 std::vector<double> GridLines(PreviewStage& stage) {
     const QImage& frame = stage.Render();
     const double unitsPerPixel =
@@ -235,7 +235,7 @@ std::vector<double> GridLines(PreviewStage& stage) {
     std::vector<double> lines;
     for (int x = 0; x < frame.width(); ++x) {
         if (frame.pixel(x, frame.height() / 2) == qRgb(64, 64, 80)) {
-            lines.push_back(stage.editor.camera.x + (x + 0.5 - frame.width() / 2) * unitsPerPixel);
+            lines.push_back((x + 0.5 - frame.width() / 2) * unitsPerPixel);
         }
     }
     return lines;
@@ -244,12 +244,17 @@ std::vector<double> GridLines(PreviewStage& stage) {
 TEST(PreviewGridTest, StaysInTheWorldAndFollowsInWholeUnits) {
     PreviewStage stage(1600, 300);
     // From here the picture shows more than the 81 lines.
-    for (const float x : {0.25F, 0.75F, 1.25F, -0.25F}) {
-        stage.LookFrom(x, 22, 0.4F, -90);
-        const std::vector<double> lines = GridLines(stage);
-        ASSERT_EQ(lines.size(), 81U) << x;
-        EXPECT_NEAR(lines.front(), std::floor(x) - 40, 0.07) << x;
-        EXPECT_NEAR(lines.back(), std::floor(x) + 40, 0.07) << x;
+    for (const float eye : {0.25F, 0.75F, 1.25F, -0.25F}) {
+        stage.LookFrom(eye, 22, 0.4F, -90);
+        const std::vector<double> alongX = GridLines(stage);
+        ASSERT_EQ(alongX.size(), 81U) << eye;
+        EXPECT_NEAR(eye + alongX.front(), std::floor(eye) - 40, 0.07) << eye;
+        EXPECT_NEAR(eye + alongX.back(), std::floor(eye) + 40, 0.07) << eye;
+        stage.LookFrom(0.4F, 22, eye, -90, 90);  // turned left: Z grows to the left
+        const std::vector<double> alongZ = GridLines(stage);
+        ASSERT_EQ(alongZ.size(), 81U) << eye;
+        EXPECT_NEAR(eye - alongZ.front(), std::floor(eye) + 40, 0.07) << eye;
+        EXPECT_NEAR(eye - alongZ.back(), std::floor(eye) - 40, 0.07) << eye;
     }
     stage.editor.settings.show3DGrid = false;
     EXPECT_TRUE(GridLines(stage).empty());
