@@ -23,11 +23,6 @@ class ucPreview : public QWidget {
     /// been created after the pane.
     void ResizeViewport();
 
-    /// Draws a frame at once and shows it in context.frame.
-    void RenderNow();
-
-    PreviewRenderer& renderer() { return renderer_; }
-
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -35,6 +30,7 @@ class ucPreview : public QWidget {
 
   private:
     QSize DeviceSize() const;
+    void RenderNow();
 
     Editor& editor_;
     RenderContext& context_;
