@@ -172,17 +172,30 @@ class DistinctNormals {
 };
 
 /// Computes the normals of a brush. The lists live on from brush to brush, so that a recomputation
-/// allocates nothing.
+/// allocates nothing; those of a giant, which may need several times the memory of its file, do
+/// not.
 class NormalUpdate {
   public:
     void Run(Brush& brush) {
+        const bool giant = std::max(brush.vertices.size(), brush.faces.size()) > kMostKept;
+        if (giant) MakeRoom(brush);
         ComputeFaceNormals(brush);
         for (std::uint32_t i = 0; i < listCount_; ++i) lists_[i].TakeAverage();
         StoreAverages(brush);
         StoreOwnAverages(brush);
+        if (giant) *this = {};
     }
 
   private:
+    static constexpr std::size_t kMostKept = 1 << 15;  // a sphere of 64 sides has 24576 vertices
+
+    /// Growing step by step would take up to three times the memory of what is needed in the end.
+    void MakeRoom(const Brush& brush) {
+        lists_.clear();  // nothing in it needs to move
+        lists_.reserve(std::min(brush.vertices.size(), 3 * brush.faces.size()));
+        sides_.reserve(brush.faces.size());
+    }
+
     /// A side at a vertex whose list is not complete.
     struct Meeting {
         std::uint32_t list;
@@ -221,7 +234,7 @@ class NormalUpdate {
         std::uint32_t& list = listOf_[static_cast<std::size_t>(vertex)];
         if (list == kNoList) {
             list = listCount_++;
-            if (lists_.size() < listCount_) lists_.resize(2 * std::size_t{listCount_});
+            if (lists_.size() < listCount_) lists_.emplace_back();
             lists_[list].Clear();
         }
         return list;
