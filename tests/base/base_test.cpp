@@ -1,6 +1,7 @@
 // Rounding, number texts and single-byte text.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "base/Flag16.h"
@@ -58,11 +59,15 @@ TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {
         const char* text;
         double value;
     };
-    for (const Row& row : {Row{"12", 12}, Row{" 3.6 sides", 3.6}, Row{"-.5", -0.5}, Row{"abc", 0},
-                           Row{"", 0}, Row{"1,5", 1}, Row{"+7", 7}, Row{"1e2", 100}, Row{"inf", 0},
-                           Row{"nan", 0}, Row{"--3", 0}, Row{"-inf", 0}}) {
+    for (const Row& row :
+         {Row{"12", 12}, Row{" 3.6 sides", 3.6}, Row{"-.5", -0.5}, Row{"abc", 0}, Row{"", 0},
+          Row{"1,5", 1}, Row{"+7", 7}, Row{"1e2", 100}, Row{"inf", 0}, Row{"nan", 0}, Row{"--3", 0},
+          Row{"-inf", 0}, Row{"+-5", 0}, Row{"+", 0}, Row{"-", 0}, Row{"1e-400", 0},
+          Row{"-1e400", -HUGE_VAL}, Row{"9e999 sides", HUGE_VAL}}) {
         EXPECT_EQ(NumericValue(row.text), row.value) << row.text;
     }
+    EXPECT_EQ(NumericValue("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(NumericValue(std::string(400, '1') + ".5"), HUGE_VAL);
 }
 
 TEST(SingleByteTextTest, EveryByteSurvivesTheRoundTrip) {
