@@ -78,10 +78,23 @@ TEST(SingleByteTextTest, EveryByteSurvivesTheRoundTrip) {
 }
 
 TEST(SingleByteTextTest, CharactersOutsideTheCodePage) {
-    EXPECT_EQ(ToSingleByte("\u20AC"), "\x80");        // in the page, at 0x80
-    EXPECT_EQ(ToSingleByte("\u0416"), "\x16");        // Cyrillic: the low 8 bits of 0x0416
-    EXPECT_EQ(ToSingleByte("\xFFx"), "\xFFx");        // no UTF-8: kept
-    EXPECT_EQ(ToSingleByte("\xE2\x82"), "\xE2\x82");  // cut in the middle: kept
+    EXPECT_EQ(ToSingleByte("\u20AC"), "\x80");  // in the page, at 0x80
+    EXPECT_EQ(ToSingleByte("\u0416"), "\x16");  // Cyrillic: the low 8 bits of 0x0416
+    EXPECT_EQ(ToSingleByte("\xFFx"), "\xFFx");  // no UTF-8: kept
+    for (const char* malformed : {"\xE2\x82", "\xC0\x80", "\xE0\x80\xC1", "\xE0\x9F\xBF",
+                                  "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}) {
+        EXPECT_EQ(ToSingleByte(malformed), malformed) << "cut, too long, or no character: kept";
+    }
+    EXPECT_EQ(ToSingleByte("\u0800\uFFFD\U00010000\U0010FFFF"),
+              (std::string{0, '\xFD', 0, '\xFF'}));
+}
+
+TEST(SingleByteTextTest, TheUpperHalfOfTheControlCodesHoldsLettersAndMarks) {
+    std::string bytes;
+    for (int b = 0x80; b < 0xA0; ++b) bytes += static_cast<char>(b);
+    EXPECT_EQ(FromSingleByte(bytes), "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ");
+    EXPECT_EQ(LowerCase("ŠŒŽŸÀÞ"), "šœžÿàþ");
+    EXPECT_EQ(UpperCase("šœžÿàþ÷ƒß"), "ŠŒŽŸÀÞ÷ƒß");
 }
 
 TEST(SingleByteTextTest, CaseIsIgnoredOverTheWholeCodePage) {
