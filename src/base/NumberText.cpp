@@ -17,6 +17,13 @@ void TrimDecimals(std::string& text, int minDecimals) {
     if (text.back() == '.') text.pop_back();
 }
 
+/// Whether a number too large or too small for a double is one too small.
+bool IsTiny(std::string_view number) {
+    const auto exponent = number.find_first_of("eE");
+    if (exponent != std::string_view::npos) return number[exponent + 1] == '-';
+    return number.find_first_of("123456789") > number.find('.');
+}
+
 bool ShowsOnlyZeros(std::string_view text) {
     return text.find_first_of("123456789in") == std::string_view::npos;
 }
@@ -51,15 +58,18 @@ double NumericValue(std::string_view text) {
     const auto start = text.find_first_not_of(" \t");
     if (start == std::string_view::npos) return 0;
     text.remove_prefix(start);
-    if (text.front() == '+') text.remove_prefix(1);
+    const bool plus = text.front() == '+';
+    if (plus) text.remove_prefix(1);
     // from_chars would also read "inf" and "nan", which are letters here.
-    const auto first = text.find_first_not_of('-');
-    if (first == std::string_view::npos || first > 1) return 0;
+    const auto first = plus ? 0 : text.find_first_not_of('-');
+    if (first >= text.size() || first > 1) return 0;
     if (text[first] != '.' && (text[first] < '0' || text[first] > '9')) return 0;
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
+    if (result.ec == std::errc::result_out_of_range) {
+        if (IsTiny(text.substr(0, static_cast<std::size_t>(result.ptr - text.data())))) return 0;
         return text.front() == '-' ? -HUGE_VAL : HUGE_VAL;
+    }
     return result.ec == std::errc() ? value : 0;
 }
 

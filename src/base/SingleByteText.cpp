@@ -49,6 +49,12 @@ void AppendUtf8(std::string& out, char32_t code) {
     }
 }
 
+/// Whether UTF-8 spells the code in that many bytes; longer spellings and surrogates are malformed.
+bool IsSpelledIn(std::size_t length, char32_t code) {
+    if (length == 3) return code >= 0x800 && (code < 0xD800 || code > 0xDFFF);
+    return length < 4 || (code >= 0x10000 && code <= 0x10FFFF);
+}
+
 /// Takes the next character off the front of `text`; a malformed byte is taken alone.
 char32_t TakeCharacter(std::string_view& text) {
     const auto lead = static_cast<std::uint8_t>(text.front());
@@ -73,7 +79,7 @@ char32_t TakeCharacter(std::string_view& text) {
         }
         code = (code << 6) | (next & 0x3F);
     }
-    if (length == 0) {  // not UTF-8: the byte stands for itself
+    if (length == 0 || !IsSpelledIn(length, code)) {  // not UTF-8: the byte stands for itself
         text.remove_prefix(1);
         return lead;
     }

@@ -5,7 +5,9 @@
 // the last bits of a sum only where the sum is rounded, and that is rare: nearly always all partial
 // sums are exact, and one list of distinct normals per vertex, with one average, serves all faces
 // there. Where a sum may be rounded, or a vertex meets too many sides to search their list (apexes,
-// poles), the vertex is done again with a hashed list, each face putting its own entry in front.
+// poles), the vertex is done again with a hashed list, each face putting its own entry in front. A
+// sum for every face takes quadratic time, so beyond a number of normals that no brush built here
+// comes near, all faces there share the sum in face order: it differs by rounding only.
 #include "scene/mNormals.h"
 
 #include <algorithm>
@@ -52,6 +54,9 @@ inline Vec3 UnitNormal(const Vec3& a, const Vec3& b, const Vec3& c) {
 // Components of unit normals that are multiples of 2^-45 add up without rounding as long as there
 // are at most kMaxExact of them: every partial sum stays below 2^8, so it fits into 53 bits.
 constexpr std::size_t kMaxExact = 200;
+
+// More distinct normals than this at one vertex share one sum. A pole of 64 sides has 65.
+constexpr std::size_t kMostOrdered = 500;
 
 bool AddsExactly(const Vec3& n) {
     constexpr double kBias = 192;  // in [128, 256) the last bit of a double weighs 2^-45
@@ -136,8 +141,11 @@ class DistinctNormals {
         return sum.Average(normals_.size());
     }
 
-    /// Whether all faces see the same average, whatever the order of summation.
-    bool Exact() const { return exact_ && normals_.size() <= kMaxExact; }
+    /// Whether all faces take the same average: the order of summation does not matter, or a sum
+    /// for each face would take too long.
+    bool Shared() const {
+        return (exact_ && normals_.size() <= kMaxExact) || normals_.size() > kMostOrdered;
+    }
 
   private:
     static constexpr std::uint32_t kFree = 0xFFFFFFFFU;
@@ -165,17 +173,30 @@ class DistinctNormals {
 };
 
 /// Computes the normals of a brush. The lists live on from brush to brush, so that a recomputation
-/// allocates nothing.
+/// allocates nothing; those of a giant, which may need several times the memory of its file, do
+/// not.
 class NormalUpdate {
   public:
     void Run(Brush& brush) {
+        const bool giant = std::max(brush.vertices.size(), brush.faces.size()) > kMostKept;
+        if (giant) MakeRoom(brush);
         ComputeFaceNormals(brush);
         for (std::uint32_t i = 0; i < listCount_; ++i) lists_[i].TakeAverage();
         StoreAverages(brush);
         StoreOwnAverages(brush);
+        if (giant) *this = {};
     }
 
   private:
+    static constexpr std::size_t kMostKept = 1 << 15;  // a sphere of 64 sides has 24576 vertices
+
+    /// Growing step by step would take up to three times the memory of what is needed in the end.
+    void MakeRoom(const Brush& brush) {
+        lists_.clear();  // nothing in it needs to move
+        lists_.reserve(std::min(brush.vertices.size(), 3 * brush.faces.size()));
+        sides_.reserve(brush.faces.size());
+    }
+
     /// A side at a vertex whose list is not complete.
     struct Meeting {
         std::uint32_t list;
@@ -214,7 +235,7 @@ class NormalUpdate {
         std::uint32_t& list = listOf_[static_cast<std::size_t>(vertex)];
         if (list == kNoList) {
             list = listCount_++;
-            if (lists_.size() < listCount_) lists_.resize(2 * std::size_t{listCount_});
+            if (lists_.size() < listCount_) lists_.emplace_back();
             lists_[list].Clear();
         }
         return list;
@@ -260,7 +281,7 @@ class NormalUpdate {
         const Vec3 shared = distinct_.AverageFrom(0);
         for (std::size_t i = 0; i < meetings.size(); ++i) {
             const Side& side = sides_[meetings[i].side];
-            const Vec3 average = distinct_.Exact() ? shared : distinct_.AverageFrom(entries_[i]);
+            const Vec3 average = distinct_.Shared() ? shared : distinct_.AverageFrom(entries_[i]);
             for (std::size_t c = 0; c < 3; ++c) {
                 if (side.lists[c] != meetings[i].list) continue;
                 brush.faces[side.face].cornerNormals[c] = average;

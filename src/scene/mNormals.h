@@ -19,7 +19,8 @@ Vec3 FaceNormal(const Vec3& a, const Vec3& b, const Vec3& c);
 
 /// Recomputes the face normals of the brush and the shading normals of its corners: a corner of a
 /// side (polygonId above 2) averages the distinct normals of all sides that meet its vertex; caps
-/// stay flat. The average is not of unit length.
+/// stay flat. The average is not of unit length. Takes time in proportion to the faces, however
+/// many of them meet in one vertex.
 void UpdateBrushNormals(Brush& brush);
 
 /// UpdateBrushNormals of every selected brush.

@@ -1,6 +1,7 @@
 // Rounding, number texts and single-byte text.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "base/Flag16.h"
@@ -58,11 +59,15 @@ TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {
         const char* text;
         double value;
     };
-    for (const Row& row : {Row{"12", 12}, Row{" 3.6 sides", 3.6}, Row{"-.5", -0.5}, Row{"abc", 0},
-                           Row{"", 0}, Row{"1,5", 1}, Row{"+7", 7}, Row{"1e2", 100}, Row{"inf", 0},
-                           Row{"nan", 0}, Row{"--3", 0}, Row{"-inf", 0}}) {
+    for (const Row& row :
+         {Row{"12", 12}, Row{" 3.6 sides", 3.6}, Row{"-.5", -0.5}, Row{"abc", 0}, Row{"", 0},
+          Row{"1,5", 1}, Row{"+7", 7}, Row{"1e2", 100}, Row{"inf", 0}, Row{"nan", 0}, Row{"--3", 0},
+          Row{"-inf", 0}, Row{"+-5", 0}, Row{"+", 0}, Row{"-", 0}, Row{"1e-400", 0},
+          Row{"-1e400", -HUGE_VAL}, Row{"9e999 sides", HUGE_VAL}}) {
         EXPECT_EQ(NumericValue(row.text), row.value) << row.text;
     }
+    EXPECT_EQ(NumericValue("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(NumericValue(std::string(400, '1') + ".5"), HUGE_VAL);
 }
 
 TEST(SingleByteTextTest, EveryByteSurvivesTheRoundTrip) {
@@ -73,10 +78,23 @@ TEST(SingleByteTextTest, EveryByteSurvivesTheRoundTrip) {
 }
 
 TEST(SingleByteTextTest, CharactersOutsideTheCodePage) {
-    EXPECT_EQ(ToSingleByte("\u20AC"), "\x80");        // in the page, at 0x80
-    EXPECT_EQ(ToSingleByte("\u0416"), "\x16");        // Cyrillic: the low 8 bits of 0x0416
-    EXPECT_EQ(ToSingleByte("\xFFx"), "\xFFx");        // no UTF-8: kept
-    EXPECT_EQ(ToSingleByte("\xE2\x82"), "\xE2\x82");  // cut in the middle: kept
+    EXPECT_EQ(ToSingleByte("\u20AC"), "\x80");  // in the page, at 0x80
+    EXPECT_EQ(ToSingleByte("\u0416"), "\x16");  // Cyrillic: the low 8 bits of 0x0416
+    EXPECT_EQ(ToSingleByte("\xFFx"), "\xFFx");  // no UTF-8: kept
+    for (const char* malformed : {"\xE2\x82", "\xC0\x80", "\xE0\x80\xC1", "\xE0\x9F\xBF",
+                                  "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}) {
+        EXPECT_EQ(ToSingleByte(malformed), malformed) << "cut, too long, or no character: kept";
+    }
+    EXPECT_EQ(ToSingleByte("\u0800\uFFFD\U00010000\U0010FFFF"),
+              (std::string{0, '\xFD', 0, '\xFF'}));
+}
+
+TEST(SingleByteTextTest, TheUpperHalfOfTheControlCodesHoldsLettersAndMarks) {
+    std::string bytes;
+    for (int b = 0x80; b < 0xA0; ++b) bytes += static_cast<char>(b);
+    EXPECT_EQ(FromSingleByte(bytes), "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ");
+    EXPECT_EQ(LowerCase("ŠŒŽŸÀÞ"), "šœžÿàþ");
+    EXPECT_EQ(UpperCase("šœžÿàþ÷ƒß"), "ŠŒŽŸÀÞ÷ƒß");
 }
 
 TEST(SingleByteTextTest, CaseIsIgnoredOverTheWholeCodePage) {

@@ -172,6 +172,20 @@ FileWriter FileWithSmallFaces(std::int32_t vertices, std::int32_t faces) {
     return file;
 }
 
+/// Faces that share no vertex: the most different vertices for its size.
+FileWriter FileWithLooseFaces(std::int32_t faces) {
+    FileWriter file = FileWithVertices(3 * faces);
+    file.WriteLong(faces);
+    for (std::int32_t f = 0; f < faces; ++f) {
+        for (const std::int32_t value : {3, 3 * f, 3 * f + 1, 3 * f + 2}) file.WriteLong(value);
+        file.Append(52);
+        file.WriteLong(-1);  // no material
+        file.WriteLong(0);
+    }
+    file.WriteLong(0);
+    return file;
+}
+
 TEST(HostileObjectTest, MemoryStaysWithinAFewTimesTheFile) {
     constexpr std::int32_t kMany = 50'000;
     struct Row {
@@ -190,6 +204,8 @@ TEST(HostileObjectTest, MemoryStaysWithinAFewTimesTheFile) {
     add("claimed faces", false, FileWithVertices(kMany)).WriteLong(kLargest);
     add("faces of one vertex", true, FileWithSmallFaces(1, kMany));
     add("a fan of small faces", true, FileWithSmallFaces(2'000, 2'000));
+    add("loose faces", true, FileWithLooseFaces(kMany));
+    add("the same, large enough that nothing is kept", true, FileWithLooseFaces(2 * kMany));
     FileWriter& vertices = add("claimed vertices", false, FileWithBrushes(1));
     vertices.Append(8);
     vertices.WriteLong(kLargest);

@@ -255,6 +255,12 @@ TEST(RingTest, TiesAreDecidedByTheWrittenPi) {
     EXPECT_EQ(brush.vertices[7].x, 0.13F);  // 90 degrees, cosine above 0
 }
 
+// 56 sides do not divide the turn evenly: stepped, the eighth angle is a trace below 0, not 0.
+TEST(RingTest, TiesAreDecidedByTheSteppedAngle) {
+    SceneMaker maker;
+    EXPECT_EQ(maker.Create(Box, 56, {0, 0, 0}, {0.25F, 1, 0.75F}).vertices[7].z, 0.37F);
+}
+
 TEST(SphereTest, OrderOfPartsAndPolygons) {
     SceneMaker maker;
     const Brush& brush = maker.Create(Sphere, 4, {-1, 0, 5}, {1, 3, 8});

@@ -196,6 +196,20 @@ TEST(BrushNormalsTest, TheOrderOfSummationIsKept) {
     }
 }
 
+TEST(BrushNormalsTest, AVertexOfVeryManySidesHasOneSum) {
+    // With a sum of its own for every face, a file could keep the program busy for many minutes.
+    Brush brush = OpposedWalls(260, 60, 1e-11F, 1);
+    Brush expected = brush;
+    UpdateBrushNormals(brush);
+    plain::UpdateBrushNormals(expected);
+    EXPECT_TRUE(FacesDisagreeAtVertex0(expected));
+    EXPECT_FALSE(FacesDisagreeAtVertex0(brush));
+    EXPECT_EQ(brush.faces[0].cornerNormals[0], expected.faces[0].cornerNormals[0]);
+    for (const BrushFace& face : expected.faces) {
+        EXPECT_LT(Distance(face.cornerNormals[0], brush.faces[0].cornerNormals[0]), 1e-12);
+    }
+}
+
 TEST(BrushNormalsTest, FacesUsingAVertexTwice) {
     Brush brush = Fan(5, 0.5);
     AddFace(brush, 0, 0, 3, 5);

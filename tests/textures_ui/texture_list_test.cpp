@@ -55,8 +55,8 @@ class TextureListTest : public testing::Test {
         for (int i = 0; i < kCount; ++i) {
             QImage picture(32, 64, QImage::Format_RGB32);
             picture.fill(ColorOf(i));
-            list_.AddThumbnail(picture);
             if (i > 0) editor_.textures.AddTexture("t" + std::to_string(i) + ".bmp", 32, 64);
+            list_.AddThumbnail(picture);
         }
         list_.resize(5 * kThumbnailPitch, list_.sizeHint().height());
         list_.show();
@@ -104,6 +104,20 @@ TEST_F(TextureListTest, ShowsThumbnailsHighlightAndBackdrop) {
     editor_.settings.colors[ColorItem::TextureListSelection] = MakeColor(1, 2, 3);
     list_.RefreshList();
     EXPECT_EQ(Shown({left - 2, kThumbnailTop - 2}), QColor(1, 2, 3));
+}
+
+TEST_F(TextureListTest, AMissingThumbnailShiftsNoOther) {
+    editor_.textures.AddTexture("without thumbnail.bmp", 32, 32);
+    editor_.textures.AddTexture("next.bmp", 32, 32);
+    QImage picture(32, 32, QImage::Format_RGB32);
+    picture.fill(Qt::yellow);
+    list_.AddThumbnail(picture);
+    list_.RefreshList();
+    Bar().setValue(Bar().maximum());
+    EXPECT_EQ(Shown(Place(2)), ColorOf(kCount - 1));
+    EXPECT_EQ(Shown(Place(3)),
+              QColor::fromRgb(editor_.settings.colors[ColorItem::TextureListBackground]));
+    EXPECT_EQ(Shown(Place(4)), QColor(Qt::yellow));
 }
 
 TEST_F(TextureListTest, AClickSelectsFirstAndTellsThen) {

@@ -46,8 +46,9 @@ ImageCode LoadImageFile(const std::string& path, cDIBSection& image) {
 ImageCode LoadTGA(const std::string& path, cDIBSection& image) {
     QFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::ReadOnly)) return ImageFileMissing;
-    // No image within the limit needs more of its file than this.
-    const QByteArray bytes = file.read(2 * kMaxImageBytes);
+    // No image within the limit needs more of its file than twice that. QFile takes memory for all
+    // that is asked for, not for what is there.
+    const QByteArray bytes = file.read(std::min<qint64>(file.size(), 2 * kMaxImageBytes));
     return DecodeTGA({reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                       static_cast<std::size_t>(bytes.size())},
                      image);

@@ -18,7 +18,7 @@ struct TextureTables {
     RenderContext& context;
     TextureObjects& objects;
     TextureLibrary& library;
-    /// Takes the picture of the next entry for the browser.
+    /// Takes the picture of the library's newest entry for the browser.
     std::function<void(const QImage&)> addThumbnail;
 };
 

@@ -36,10 +36,12 @@ ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
 }
 
 void ucTextureList::AddThumbnail(const QImage& picture) {
-    thumbnails_.push_back(
+    // An earlier one that could not be made leaves a gap: thumbnail i belongs to entry i.
+    thumbnails_.resize(static_cast<std::size_t>(editor_.textures.ListCount()));
+    thumbnails_.back() =
         picture
             .scaled(kThumbnailSide, kThumbnailSide, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .convertToFormat(QImage::Format_RGB32));
+            .convertToFormat(QImage::Format_RGB32);
 }
 
 void ucTextureList::SelectTexture(std::int32_t index) {

@@ -20,7 +20,7 @@ class ucTextureList : public QWidget {
   public:
     explicit ucTextureList(Editor& editor, QWidget* parent = nullptr);
 
-    /// Takes the picture of the next entry, scaled to a thumbnail.
+    /// Takes the picture of the library's newest entry, scaled to a thumbnail.
     void AddThumbnail(const QImage& picture);
 
     /// Selects the entry in the library and shows it; an index outside changes nothing.
