@@ -35,6 +35,7 @@ Vec3 Absolute(const Vec3& a);
 /// Euclidean distance of two points.
 double Distance(const Vec3& a, const Vec3& b);
 
+/// The identity.
 Matrix4 MatrixIdentity();
 /// Rotation about X by t radians: turns +Y towards +Z.
 Matrix4 MatrixRotateX(double t);
