@@ -5,6 +5,7 @@
 
 #include "editor/Editor.h"
 #include "editor/mViewGestures.h"
+#include "views/ui/Backdrop.h"
 #include "views/ui/PaintSurface.h"
 
 namespace korvane {
@@ -13,6 +14,11 @@ namespace korvane {
 /// selected brushes with their nodes, rotation marker, rulers and caption. Any other index does
 /// nothing.
 void PaintView(const Editor& editor, int view, PaintSurface& surface);
+
+/// Composes the same picture, pixel for pixel, where nothing but the selected brushes and the
+/// rotation marker has changed since the last paint with this backdrop. A backdrop that is empty,
+/// or kept for another size, pan, zoom or pixel ratio, is made anew first, which costs a PaintView.
+void PaintMoveStep(const Editor& editor, int view, PaintSurface& surface, Backdrop& backdrop);
 
 /// Composes the depth gauge in the surface, at the size its ViewState names.
 void PaintDepthGauge(const Editor& editor, PaintSurface& surface);
