@@ -11,6 +11,7 @@
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
 #include "editor/mTextureCommands.h"
+#include "editor/mUndo.h"
 #include "textures/ui/ucTextureList.h"
 #include "widgets/ucStatusBar.h"
 #include "widgets/ucToolBar.h"
@@ -96,6 +97,10 @@ void frmMain::OpenForm(Form form) {
         case Form::ArbitrarySize:
             frmArbitrarySize(editor_, this).exec();
             break;
+        case Form::Select:
+        case Form::FreeRotate:
+        case Form::Multiply:
+            break;
     }
 }
 
@@ -117,6 +122,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         return;
     }
     CloseRenderContext(editor_, context_);
+    ClearUndoCache(editor_);
     event->accept();
 }
 

@@ -100,7 +100,7 @@ void ucWorkspace::TellSizes() {
 
 void ucWorkspace::MarkDirty(unsigned redrawSet) {
     for (int view = 0; view < kViewCount; ++view) {
-        if (redrawSet & RedrawView(view)) pbView_[view]->MarkDirty();
+        if (redrawSet & (RedrawView(view) | RedrawSelection(view))) pbView_[view]->MarkDirty();
         if (redrawSet & RedrawOverlay(view)) pbView_[view]->update();
     }
     if (redrawSet & RedrawDepthGauge) pbDepth_->MarkDirty();

@@ -1,5 +1,6 @@
 #include "base/Rounding.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -26,7 +27,9 @@ double Round(double x) {
 }
 
 double Round(double x, int digits) {
-    const double scale = std::pow(10.0, digits);
+    static constexpr std::array<double, 16> kPowersOfTen = {
+        1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const double scale = kPowersOfTen[static_cast<std::size_t>(digits)];
     return std::nearbyint(x * scale) / scale;
 }
 
