@@ -61,8 +61,12 @@ class EditorHost {
     /// Shows the text in status bar panel 0..4.
     virtual void ShowStatus(int panel, const std::string& text) = 0;
 
-    /// Opens a window; a modal one returns when it is closed.
+    /// Opens a window, or brings it to the front if it is open already; a modal one returns when it
+    /// is closed.
     virtual void OpenForm(Form form) = 0;
+
+    /// Closes the windows that work on the selection: the object was replaced by another one.
+    virtual void CloseForms() = 0;
 
     /// Opens a document with the program the system has for it.
     virtual void OpenDocument(const std::string& path) = 0;

@@ -75,7 +75,10 @@ void ReportLoad(Editor& editor, LoadResult result) {
 
 /// After a successful open the snapshots belong to another object.
 void ReportOpen(Editor& editor, LoadResult result) {
-    if (result == LoadResult::Done) ClearUndoCache(editor);
+    if (result == LoadResult::Done) {
+        editor.host.CloseForms();
+        ClearUndoCache(editor);
+    }
     ReportLoad(editor, result);
 }
 
@@ -114,6 +117,7 @@ void NewObject(Editor& editor) {
                         "Warning!")) {
         return;
     }
+    editor.host.CloseForms();
     ClearScene(editor.scene);
     ResetAllViews(editor);
     editor.SceneModified = false;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "base/NumberText.h"
 #include "editor/TypedNumber.h"
 #include "editor/mRotationMarker.h"
 #include "editor/mUndo.h"
@@ -25,7 +24,7 @@ float Wrapped(float degrees) {
 FreeRotateTexts OpenFreeRotate(Editor& editor) {
     ShowMarker(editor);
     const Vec3& last = editor.freeRotate;
-    return {FormatGeneral(last.x), FormatGeneral(last.y), FormatGeneral(last.z)};
+    return {BoxText(last.x), BoxText(last.y), BoxText(last.z)};
 }
 
 void RunFreeRotate(Editor& editor, const FreeRotateTexts& texts) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "editor/TypedNumber.h"
 #include "editor/mRotationMarker.h"
@@ -20,8 +19,7 @@ namespace {
 constexpr double kMostBytes = 2e9;
 
 StepBoxes BoxesOf(const Vec3& step) {
-    return {{FormatGeneral(step.x), FormatGeneral(step.y), FormatGeneral(step.z), "", "", ""},
-            false};
+    return {{BoxText(step.x), BoxText(step.y), BoxText(step.z), "", "", ""}, false};
 }
 
 void UpdateRow(StepBoxes& row, double count) {

@@ -144,19 +144,9 @@ std::int32_t BuildBrush(Editor& editor) {
 void FinishCreation(Editor& editor) {
     TakeUndoSnapshot(editor);
     editor.host.RequestRedraw(RedrawView(editor.gesture.view));  // without the rectangle
-<<<<<<< HEAD
-    const auto [start, end] = BrushCorners(editor);
-    const std::int32_t brush =
-        HasExtent(start, end)
-            ? CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space())
-            : -1;
-    if (brush < 0) {
-        UpdateCommandStates(editor);  // the snapshot alone marks the scene as modified
-=======
     const std::int32_t brush = BuildBrush(editor);
     if (brush < 0) {
         UpdateCommandStates(editor);  // the snapshot stands all the same
->>>>>>> editing
         return;
     }
     SelectOnly(editor.scene, brush);

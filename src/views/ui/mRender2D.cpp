@@ -244,6 +244,15 @@ void PaintDepthGauge(const Editor& editor, PaintSurface& surface) {
     if (rulers) DrawGaugeRuler(canvas, ruler, rulerWidth);
 }
 
+void PaintReadOut(QPainter& painter, const ReadOut& readOut, Color color, const QFont& font) {
+    painter.setPen(ToQColor(color));
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    painter.drawText(RoundToInt(readOut.x),
+                     RoundToInt(readOut.y) - metrics.height() + metrics.ascent(),
+                     QString::fromStdString(readOut.text));
+}
+
 void PaintRubberBand(QPainter& painter, const RubberBand& band, Color color, const QFont& font) {
     const QPoint from(RoundToInt(band.x1), RoundToInt(band.y1));
     const QPoint to(RoundToInt(band.x2), RoundToInt(band.y2));

@@ -23,6 +23,9 @@ void PaintMoveStep(const Editor& editor, int view, PaintSurface& surface, Backdr
 /// Composes the depth gauge in the surface, at the size its ViewState names.
 void PaintDepthGauge(const Editor& editor, PaintSurface& surface);
 
+/// Draws the text that stands at the cursor while edges or vertices are dragged.
+void PaintReadOut(QPainter& painter, const ReadOut& readOut, Color color, const QFont& font);
+
 /// Draws the rectangle of a creation drag with its three texts over a view.
 void PaintRubberBand(QPainter& painter, const RubberBand& band, Color color, const QFont& font);
 
