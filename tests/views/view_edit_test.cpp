@@ -110,6 +110,15 @@ TEST_F(ViewEditTest, AnEdgePicksWhatCoincidesWithItsEnds) {
     EXPECT_EQ(Flags(1), "01000100");
 }
 
+TEST_F(ViewEditTest, AnEdgePicksVerticesOnEverySideOfItsEnds) {
+    SelectedBox({0, 0, 0}, {1, 1, 1});
+    for (const float x : {0.97F, 1.03F}) SelectedBox({x, 0, 3}, {x + 5, 1, 5});
+    for (std::size_t b = 1; b < 3; ++b) scene.brushes[b].vertices[0].z = b == 1 ? 0.02F : -0.02F;
+    PickEdgesAt(scene, TopView, {1, 0, 0.5F}, 0.05F, true);
+    EXPECT_EQ(Flags(1), "10000000");
+    EXPECT_EQ(Flags(2), "10000000");
+}
+
 /// The plain definition: a pick of vertices at both ends of every edge.
 void PlainPickEdges(Scene& scene, int view, const Vec3& point, float picker, bool select) {
     const auto near = [&](const Vec3& a, const Vec3& b) {
@@ -129,23 +138,26 @@ void PlainPickEdges(Scene& scene, int view, const Vec3& point, float picker, boo
 
 TEST_F(ViewEditTest, EdgePicksEqualTheirPlainDefinition) {
     SelectedBox({-1, 0, -1}, {1, 2, 1});
-    Create(Sphere, 7, {-1, 0, -1}, {1, 2, 1}).selected = true;
+    Create(Sphere, 16, {-1, 0, -1}, {1, 2, 1}).selected = true;
     Create(Cone, 9, {-1, 0, 0}, {1, 2, 1}).selected = true;
     std::mt19937 random(7);
     std::uniform_real_distribution<float> place(-1.2F, 1.2F);
     int picked = 0;
     for (int i = 0; i < 400; ++i) {
-        Scene plain = scene;
         const Vec3 point{place(random), place(random), place(random)};
         const float picker = i % 2 == 0 ? 0.3F : 0.05F;
-        const bool select = i % 3 != 0;
+        const bool select = i % 5 != 0;
+        for (Brush& brush : scene.brushes) {
+            for (Vertex& v : brush.vertices) v.selected = !select;
+        }
+        Scene plain = scene;
         PickEdgesAt(scene, i % 3, point, picker, select);
         PlainPickEdges(plain, i % 3, point, picker, select);
         for (std::size_t b = 0; b < 3; ++b) {
             for (std::size_t v = 0; v < plain.brushes[b].vertices.size(); ++v) {
                 const bool expected = plain.brushes[b].vertices[v].selected;
                 ASSERT_EQ(bool{scene.brushes[b].vertices[v].selected}, expected) << i;
-                picked += expected;
+                picked += expected == select;
             }
         }
     }
