@@ -1,9 +1,10 @@
 // Repaint of one 2D view of 600 x 450 pixels, beside the same picture drawn by QPainter line by
-// line and point by point.
+// line and point by point; and a step of a drag beside the full repaint and a copy of the picture.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QPainter>
+#include <cstring>
 #include <random>
 
 #include "base/Rounding.h"
@@ -166,6 +167,65 @@ void PaintNodesByQPainter(benchmark::State& state) {
     }
 }
 BENCHMARK(PaintNodesByQPainter)->Unit(benchmark::kMillisecond);
+
+/// A session in the middle of a drag: every fiftieth of 20,000 boxes is selected.
+struct DragSession : Session {
+    Backdrop backdrop;
+
+    DragSession(bool rotated, bool rulers) {
+        editor.settings.showRulers = rulers;
+        AddBoxes(editor.scene, 20'000, rotated);
+        for (std::size_t i = 0; i < editor.scene.brushes.size(); i += 50)
+            editor.scene.brushes[i].selected = true;
+        PaintMoveStep(editor, TopView, surface, backdrop);
+    }
+    /// The selection moves back and forth, as the step before would have done it.
+    void Move(float by) {
+        for (const std::int32_t index : backdrop.selected)
+            for (Vertex& v : editor.scene.brushes[static_cast<std::size_t>(index)].vertices)
+                v.x += by;
+    }
+};
+
+void DragArguments(benchmark::internal::Benchmark* bench) {
+    bench->ArgNames({"rotated", "rulers"})->ArgsProduct({{0, 1}, {0, 1}});
+    bench->Unit(benchmark::kMicrosecond);
+}
+
+void DragStep(benchmark::State& state) {
+    DragSession s(state.range(0) != 0, state.range(1) != 0);
+    float by = 0.1F;
+    for (auto _ : state) {
+        s.Move(by);
+        by = -by;
+        PaintMoveStep(s.editor, TopView, s.surface, s.backdrop);
+    }
+}
+BENCHMARK(DragStep)->Apply(DragArguments);
+
+void DragStepInFull(benchmark::State& state) {
+    DragSession s(state.range(0) != 0, state.range(1) != 0);
+    float by = 0.1F;
+    for (auto _ : state) {
+        s.Move(by);
+        by = -by;
+        PaintView(s.editor, TopView, s.surface);
+    }
+}
+BENCHMARK(DragStepInFull)->Apply(DragArguments);
+
+/// The least that a step can cost: its picture copied.
+void CopyOfThePicture(benchmark::State& state) {
+    Session s;
+    PaintView(s.editor, TopView, s.surface);
+    const QImage from = s.surface.image.copy();
+    uchar* const to = s.surface.image.bits();
+    for (auto _ : state) {
+        std::memcpy(to, from.constBits(), static_cast<std::size_t>(from.sizeInBytes()));
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(CopyOfThePicture)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace korvane

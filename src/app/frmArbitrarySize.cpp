@@ -4,9 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "app/mDialogParts.h"
 #include "editor/mArbitrarySize.h"
 
 namespace korvane {
@@ -17,31 +17,22 @@ constexpr int kLeastWidth = 280;  // pixels, so that the title is not cut
 }  // namespace
 
 frmArbitrarySize::frmArbitrarySize(Editor& editor, QWidget* parent)
-    : QDialog(parent), editor_(editor), txtSides_(new QLineEdit(this)) {
+    : QDialog(parent), editor_(editor), txtSides_(MakeKeyedBox("txtSides", kDigitKeys, this)) {
     setObjectName("frmArbitrarySize");
     setWindowTitle("Arbitrarily Sided");
-    txtSides_->setObjectName("txtSides");
-    txtSides_->setValidator(
-        new QRegularExpressionValidator(QRegularExpression("[0-9]*"), txtSides_));
     auto* lblSides =
         new QLabel(QString("Number of &sides (%1 to %2):").arg(kLeastSides).arg(kMostSides), this);
     lblSides->setObjectName("lblSides");
     lblSides->setBuddy(txtSides_);
     lblSides->setMinimumWidth(kLeastWidth);
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* btnOkay = buttons->addButton("Okay", QDialogButtonBox::AcceptRole);
-    QPushButton* btnCancel = buttons->addButton("Cancel", QDialogButtonBox::RejectRole);
-    btnOkay->setObjectName("btnOkay");
-    btnOkay->setDefault(true);
-    btnCancel->setObjectName("btnCancel");
-    btnCancel->setAutoDefault(false);
-    connect(btnOkay, &QPushButton::clicked, this, &frmArbitrarySize::Confirm);
-    connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
+    const OkayCancel buttons = MakeOkayCancel(this);
+    connect(buttons.btnOkay, &QPushButton::clicked, this, &frmArbitrarySize::Confirm);
+    connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
     column->addWidget(lblSides);
     column->addWidget(txtSides_);
     column->addSpacing(6);
-    column->addWidget(buttons);
+    column->addWidget(buttons.box);
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSides();
 }

@@ -6,11 +6,15 @@
 #include <QUrl>
 
 #include "app/frmArbitrarySize.h"
+#include "app/frmFreeRotate.h"
+#include "app/frmMultiply.h"
+#include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/mCommandActions.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
 #include "editor/mTextureCommands.h"
+#include "editor/mUndo.h"
 #include "textures/ui/ucTextureList.h"
 #include "widgets/ucStatusBar.h"
 #include "widgets/ucToolBar.h"
@@ -83,6 +87,10 @@ void frmMain::ShowCommandStates() {
     setWindowTitle(QString::fromStdString(WindowTitle(editor_)));
 }
 
+void frmMain::RefreshPropertyPanel() {
+    workspace_->RefreshPropertyPanel();
+}
+
 void frmMain::LayoutPanes() {
     workspace_->LayoutPanes();
 }
@@ -96,7 +104,30 @@ void frmMain::OpenForm(Form form) {
         case Form::ArbitrarySize:
             frmArbitrarySize(editor_, this).exec();
             break;
+        case Form::Select:
+            frmSelect(editor_, this).exec();
+            break;
+        case Form::FreeRotate:
+            OpenModeless(freeRotate_);
+            break;
+        case Form::Multiply:
+            OpenModeless(multiply_);
+            break;
     }
+}
+
+/// A closed form is deleted in a later turn of the event loop; until then it is only hidden.
+template <class ModelessForm>
+void frmMain::OpenModeless(QPointer<ModelessForm>& form) {
+    if (!form || !form->isVisible()) form = new ModelessForm(editor_, this);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+
+void frmMain::CloseForms() {
+    for (QDialog* form : {static_cast<QDialog*>(freeRotate_), static_cast<QDialog*>(multiply_)})
+        if (form) form->close();
 }
 
 void frmMain::OpenDocument(const std::string& path) {
@@ -116,7 +147,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    CloseForms();
     CloseRenderContext(editor_, context_);
+    ClearUndoCache(editor_);
     event->accept();
 }
 

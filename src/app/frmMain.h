@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include "app/mStartUp.h"
 #include "editor/Editor.h"
@@ -10,6 +11,8 @@
 namespace korvane {
 
 class CommandActions;
+class frmFreeRotate;
+class frmMultiply;
 class ucStatusBar;
 class ucToolBar;
 class ucWorkspace;
@@ -34,11 +37,11 @@ class frmMain final : public QMainWindow, public EditorHost {
 
     void RequestRedraw(unsigned redrawSet) override;
     void ShowCommandStates() override;
-    /// Faces cannot be edited yet, so the panel shows the same for every selection.
-    void RefreshPropertyPanel() override {}
+    void RefreshPropertyPanel() override;
     void LayoutPanes() override;
     void ShowStatus(int panel, const std::string& text) override;
     void OpenForm(Form form) override;
+    void CloseForms() override;
     void OpenDocument(const std::string& path) override;
     void FocusViews() override;
     void CloseWindow() override;
@@ -48,6 +51,8 @@ class frmMain final : public QMainWindow, public EditorHost {
 
   private:
     void BuildBars();
+    template <class ModelessForm>
+    void OpenModeless(QPointer<ModelessForm>& form);
 
     RenderContext context_;
     TextureObjects textures_;
@@ -57,6 +62,8 @@ class frmMain final : public QMainWindow, public EditorHost {
     ucToolBar* editBar_;
     ucWorkspace* workspace_;
     ucStatusBar* statusBar_;
+    QPointer<frmFreeRotate> freeRotate_;  ///< null or closed: not open
+    QPointer<frmMultiply> multiply_;
 };
 
 }  // namespace korvane

@@ -7,9 +7,14 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "editor/mSelectDialog.h"
+#include "scene/mSelection.h"
+
 namespace korvane {
 namespace {
 
+constexpr const char* kMultipleBrushes = "*Multiple Brushes*";
+constexpr const char* kMultipleGroups = "*Multiple Groups*";
 constexpr int kMostTransparency = 100;  // percent
 constexpr int kMostRotation = 360;      // degrees
 
@@ -87,12 +92,23 @@ QLabel* ValueLabel(const char* name) {
     return label;
 }
 
-void AddNames(QVBoxLayout* column) {
+/// Enter sets the group, unless the box only says that there are several.
+void ConnectGroupBox(QLineEdit* box, Editor& editor) {
+    QObject::connect(box, &QLineEdit::returnPressed, box, [box, &editor] {
+        const std::string group = box->text().toStdString();
+        if (group != kMultipleGroups) SetGroupOfSelection(editor, group);
+        editor.host.FocusViews();
+    });
+}
+
+void AddNames(QVBoxLayout* column, Editor& editor) {
     Rows rows(column);
     QLineEdit* name = TextBox("txtBrushName");
     name->setReadOnly(true);
     rows.Add(Label("lblBrushName", "Name:"), name);
-    rows.Add(Label("lblBrushGroup", "Group:"), TextBox("txtBrushGroup"));
+    QLineEdit* group = TextBox("txtBrushGroup");
+    ConnectGroupBox(group, editor);
+    rows.Add(Label("lblBrushGroup", "Group:"), group);
 }
 
 void AddDisplay(QVBoxLayout* column) {
@@ -117,13 +133,52 @@ void AddTexture(QVBoxLayout* column) {
     rows.Add(Check("chkMirrored", "Mirrored"));
 }
 
+/// What the name and group boxes show.
+struct ShownNames {
+    QString name;
+    QString group;
+};
+
+ShownNames NamesOf(const Scene& scene) {
+    const Brush* first = nullptr;
+    bool several = false;
+    bool sameGroup = true;
+    for (const Brush& brush : scene.brushes) {
+        if (!brush.selected) continue;
+        several = first != nullptr;
+        if (first == nullptr) first = &brush;
+        sameGroup = sameGroup && brush.group == first->group;
+    }
+    if (first == nullptr) return {};
+    return {QString::fromStdString(several ? kMultipleBrushes : first->name),
+            QString::fromStdString(sameGroup ? first->group : kMultipleGroups)};
+}
+
+void ShowText(QWidget& panel, const char* box, const QString& text) {
+    panel.findChild<QLineEdit*>(box)->setText(text);
+}
+
+void Enable(QWidget& panel, const char* control, bool enabled) {
+    panel.findChild<QWidget*>(control)->setEnabled(enabled);
+}
+
 }  // namespace
 
-QWidget* MakePropertyControls() {
+void ShowBrushNames(QWidget& panel, const Scene& scene) {
+    const ShownNames names = NamesOf(scene);
+    const std::int32_t selected = CountSelectedBrushes(scene);
+    ShowText(panel, "txtBrushName", names.name);
+    ShowText(panel, "txtBrushGroup", names.group);
+    Enable(panel, "lblBrushName", selected == 1);
+    Enable(panel, "lblBrushGroup", selected > 0);
+    Enable(panel, "txtBrushGroup", selected > 0);
+}
+
+QWidget* MakePropertyControls(Editor& editor) {
     auto* controls = new QWidget;
     auto* column = new QVBoxLayout(controls);
     column->setSpacing(8);
-    AddNames(column);
+    AddNames(column, editor);
     column->addWidget(Rule());
     AddDisplay(column);
     column->addWidget(Rule());

@@ -37,7 +37,7 @@ ucWorkspace::ucWorkspace(Editor& editor, RenderContext& context, TextureObjects&
     pbFocusKeeper_->setObjectName("pbFocusKeeper");
     pbFocusKeeper_->setFocusPolicy(Qt::StrongFocus);
     pbFocusKeeper_->setFixedSize(1, 1);  // a hidden widget would get no keys
-    conProps_->SetContent(MakePropertyControls());
+    conProps_->SetContent(MakePropertyControls(editor));
     for (int view = 0; view < kViewCount; ++view) {
         pbView_[view] = new ucView(editor, view, this);
         pbView_[view]->setObjectName(QString("pbView%1").arg(view));
@@ -101,10 +101,15 @@ void ucWorkspace::TellSizes() {
 void ucWorkspace::MarkDirty(unsigned redrawSet) {
     for (int view = 0; view < kViewCount; ++view) {
         if (redrawSet & RedrawView(view)) pbView_[view]->MarkDirty();
+        if (redrawSet & RedrawSelection(view)) pbView_[view]->MarkSelectionDirty();
         if (redrawSet & RedrawOverlay(view)) pbView_[view]->update();
     }
     if (redrawSet & RedrawDepthGauge) pbDepth_->MarkDirty();
     if (redrawSet & RedrawPreview) pbOpenGL_->MarkDirty();
+}
+
+void ucWorkspace::RefreshPropertyPanel() {
+    ShowBrushNames(*conProps_, editor_.scene);
 }
 
 void ucWorkspace::FocusViews() {

@@ -33,6 +33,9 @@ class ucWorkspace final : public QWidget {
     /// Marks the screens of a RedrawSet for the next paint.
     void MarkDirty(unsigned redrawSet);
 
+    /// Fills the property panel from the selection.
+    void RefreshPropertyPanel();
+
     /// Gives the keyboard focus to the views.
     void FocusViews();
 

@@ -16,10 +16,6 @@ void RefreshAll(Editor& editor) {
     editor.host.RefreshPropertyPanel();
 }
 
-void TakeUndoSnapshot(Editor& editor) {
-    editor.SceneModified = true;
-}
-
 std::string WindowTitle(const Editor& editor) {
     std::string name = editor.CurrentObjectPath;
     name.erase(0, name.find_last_of("/\\") + 1);

@@ -7,6 +7,7 @@
 
 #include "editor/EditorHost.h"
 #include "editor/Prompts.h"
+#include "editor/UndoCache.h"
 #include "files/Settings.h"
 #include "scene/Scene.h"
 #include "scene/mTextureCoords.h"
@@ -14,6 +15,7 @@
 #include "views/core/Camera.h"
 #include "views/core/DepthRange.h"
 #include "views/core/ViewState.h"
+#include "views/core/mViewEdit.h"
 
 namespace korvane {
 
@@ -23,12 +25,17 @@ enum class GaugeLevel { None, HI, LO };
 struct ViewGesture {
     float lastX = 0;  ///< pixel position of the last press or pan step
     float lastY = 0;
-    Vec3 dragStart;         ///< world point at the press
-    bool creating = false;  ///< a left press began the rectangle of a new brush
-    bool dragging = false;  ///< the left button is down
-    bool panning = false;   ///< the right button is down
-    bool panned = false;    ///< the right button has dragged since its press
-    int view = 0;           ///< the view of the press
+    Vec3 dragStart;                     ///< world point at the press, on the grid with snap on
+    bool creating = false;              ///< a left press began the rectangle of a new brush
+    bool movesMarker = false;           ///< a left press took hold of the rotation marker
+    bool dragging = false;              ///< the left button is down
+    bool moved = false;                 ///< the left button has dragged since its press
+    bool panning = false;               ///< the right button is down
+    bool panned = false;                ///< the right button has dragged since its press
+    int view = 0;                       ///< the view of the press
+    std::int16_t editMode = BrushMove;  ///< at the press
+    MoveOrigin origin;                  ///< what a drag of the selection moves, from where
+    Vec3 markerStart;                   ///< the marker at the press
 };
 
 /// State of the mouse gesture on the depth gauge.
@@ -37,6 +44,13 @@ struct GaugeGesture {
     float previous = 0;    ///< world value of the pointer at the previous step
     float lastY = 0;       ///< pixels
     bool panning = false;  ///< the right button is down
+};
+
+/// What the multiply dialog remembers between uses.
+struct Multiply {
+    std::int16_t count = 0;
+    Vec3 move;      ///< step offset, world units
+    Vec3 rotation;  ///< step rotation about X, Y, Z, degrees
 };
 
 /// The session.
@@ -61,6 +75,11 @@ struct Editor {
     ViewGesture gesture;
     GaugeGesture gaugeGesture;
 
+    UndoCache undo;
+    Vec3 freeRotate;  ///< last angles typed into the free-rotate dialog, degrees
+    Multiply multiply;
+    int markerForms = 0;  ///< open dialogs that turn about the marker
+
     std::string programFolder;      ///< UTF-8; holds ObjTextures, ObjCache, Help, ends in no slash
     std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene
     bool SceneModified = false;     ///< changes not yet saved
@@ -80,9 +99,6 @@ void UpdateCommandStates(Editor& editor);
 
 /// Requests a redraw of the three 2D views, the depth gauge and the preview.
 void RedrawAllViews(Editor& editor);
-
-/// Called by a command just before it changes the scene.
-void TakeUndoSnapshot(Editor& editor);
 
 /// The window title: "Korvane - NAME", with "*" while there are unsaved changes.
 std::string WindowTitle(const Editor& editor);

@@ -14,7 +14,11 @@ enum RedrawSet : unsigned {
     RedrawPreview = 16,
     RedrawAll = 31,
     /// Bits from here on ask only for what lies over a composed view, see RedrawOverlay.
-    RedrawOverlayTop = 32
+    RedrawOverlayTop = 32,
+    /// Bits from here on ask only for the selected brushes and the marker, see RedrawSelection.
+    RedrawSelectionTop = 256,
+    /// A step of a drag that moves the selection.
+    RedrawMoveStep = 7 * RedrawSelectionTop | RedrawPreview
 };
 
 /// The bit of one 2D view.
@@ -27,8 +31,14 @@ constexpr unsigned RedrawOverlay(int view) {
     return RedrawOverlayTop << view;
 }
 
+/// The bit of the selected brushes and the rotation marker in one 2D view: background, grid and the
+/// unselected brushes are as they were when the view was composed.
+constexpr unsigned RedrawSelection(int view) {
+    return RedrawSelectionTop << view;
+}
+
 /// Windows that a command opens.
-enum class Form { ArbitrarySize };
+enum class Form { ArbitrarySize, Select, FreeRotate, Multiply };
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.
 class EditorHost {
@@ -51,8 +61,12 @@ class EditorHost {
     /// Shows the text in status bar panel 0..4.
     virtual void ShowStatus(int panel, const std::string& text) = 0;
 
-    /// Opens a window; a modal one returns when it is closed.
+    /// Opens a window, or brings it to the front if it is open already; a modal one returns when it
+    /// is closed.
     virtual void OpenForm(Form form) = 0;
+
+    /// Closes the windows that work on the selection: the object was replaced by another one.
+    virtual void CloseForms() = 0;
 
     /// Opens a document with the program the system has for it.
     virtual void OpenDocument(const std::string& path) = 0;

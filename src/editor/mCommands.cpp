@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "editor/mEditCommands.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mViews.h"
 #include "scene/mSelection.h"
@@ -73,9 +74,19 @@ void ResetViewsAndPanes(Editor& editor) {
     editor.host.LayoutPanes();
 }
 
-void UnSelectCommand(Editor& editor) {
-    UnSelect(editor.scene);
-    RefreshAll(editor);
+template <Form form>
+void Open(Editor& editor) {
+    editor.host.OpenForm(form);
+}
+
+template <int X, int Y, int Z>
+void Rotate(Editor& editor) {
+    RotateBrushes(editor, X, Y, Z);
+}
+
+template <bool X, bool Y, bool Z>
+void Flip(Editor& editor) {
+    FlipBrushes(editor, X, Y, Z);
 }
 
 void CloseMainWindow(Editor& editor) {
@@ -153,13 +164,15 @@ constexpr Menu kMenus[] = {
     {"mnuHelp", "&Help", nullptr, nullptr},
 };
 
-using EnabledWhen::Always;
-using EnabledWhen::NotYet;
-using EnabledWhen::Selection;
-using CheckKind::Radio;
-using CheckKind::Toggle;
 using Bar::EditBar;
 using Bar::ToolBar;
+using CheckKind::Radio;
+using CheckKind::Toggle;
+using EnabledWhen::Always;
+using EnabledWhen::Clipboard;
+using EnabledWhen::NotYet;
+using EnabledWhen::Selection;
+using EnabledWhen::UndoAvailable;
 
 // clang-format off
 const Command kCommands[] = {
@@ -179,17 +192,17 @@ const Command kCommands[] = {
     {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", NotYet, CheckKind::None, nullptr, nullptr, {}},
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},
 
-    {"mnuUndo", "mnuEdit", "Undo", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuUndo", "mnuEdit", "Undo", UndoAvailable, CheckKind::None, nullptr, UndoLastChange,
      {EditBar, 4, "Undo", "Undo: Undo the last action", kSeparator}},
-    {"mnuCopy", "mnuEdit", "Copy", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuCopy", "mnuEdit", "Copy", Selection, CheckKind::None, nullptr, CopyBrushes,
      {EditBar, 5, "Copy Selected Brushes", "Copy: Copy selected brushes"}, kSeparator},
-    {"mnuPaste", "mnuEdit", "Paste", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuPaste", "mnuEdit", "Paste", Clipboard, CheckKind::None, nullptr, PasteBrushes,
      {EditBar, 6, "Paste Brushes", "Paste: Paste brushes", kSeparator}},
-    {"mnuSelect", "mnuEdit", "Select...", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuSelect", "mnuEdit", "Select...", Always, CheckKind::None, nullptr, Open<Form::Select>,
      {EditBar, 7, "Select Brushes...", "Select: Select brushes by name, group, or texture name"}, kSeparator},
     {"mnuUnSelect", "mnuEdit", "UnSelect", Selection, CheckKind::None, nullptr, UnSelectCommand,
      {EditBar, 8, "UnSelect All Brushes", "UnSelect: UnSelect brushes, faces, edges and vertices"}},
-    {"mnuDelete", "mnuEdit", "Delete", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuDelete", "mnuEdit", "Delete", Selection, CheckKind::None, nullptr, DeleteBrushes,
      {EditBar, 9, "Delete Selected Brushes", "Delete: Delete selected brushes", kSeparator}},
     {"mnuPreferences", "mnuEdit", "Preferences...", NotYet, CheckKind::None, nullptr, nullptr, {}, kSeparator},
 
@@ -241,28 +254,28 @@ const Command kCommands[] = {
      {EditBar, 2, "Edge Move Mode", "Edge Move Mode: Move a selected brushes' edges"}},
     {"mnuModeVertex", "mnuModify", "Vertex Move", Always, Radio, ModeIs<VertexMove>, ApplyEditMode<VertexMove>,
      {EditBar, 3, "Vertex Move Mode", "Vertex Move Mode: Move a selected brushes' vertices", kSeparator}},
-    {"mnuFreeRotate", "mnuRotate", "Free Rotate...", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuFreeRotate", "mnuRotate", "Free Rotate...", Selection, CheckKind::None, nullptr, Open<Form::FreeRotate>,
      {EditBar, 16, "Rotate: Free Rotate...", "Free Rotate: Rotate the selected brushes around the Rotation Marker on the X, Y, and Z axis", kSeparator}},
-    {"mnuRotX", "mnuRotate", "X-Axis: 90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotX", "mnuRotate", "X-Axis: 90°", Selection, CheckKind::None, nullptr, Rotate<90, 0, 0>,
      {EditBar, 10, "Rotate: X-Axis 90°", "Rotate X-Axis 90°: Rotate selected brushes by the X-Axis 90° (Clockwise)"}, kSeparator},
-    {"mnuRotXc", "mnuRotate", "X-Axis: -90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotXc", "mnuRotate", "X-Axis: -90°", Selection, CheckKind::None, nullptr, Rotate<-90, 0, 0>,
      {EditBar, 11, "Rotate: X-Axis -90°", "Rotate X-Axis -90°: Rotate selected brushes by the X-Axis -90° (Counter Clockwise)"}},
-    {"mnuRotY", "mnuRotate", "Y-Axis: 90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotY", "mnuRotate", "Y-Axis: 90°", Selection, CheckKind::None, nullptr, Rotate<0, 90, 0>,
      {EditBar, 12, "Rotate: Y-Axis 90°", "Rotate Y-Axis 90°: Rotate selected brushes by the Y-Axis 90° (Clockwise)"}},
-    {"mnuRotYc", "mnuRotate", "Y-Axis: -90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotYc", "mnuRotate", "Y-Axis: -90°", Selection, CheckKind::None, nullptr, Rotate<0, -90, 0>,
      {EditBar, 13, "Rotate: Y-Axis -90°", "Rotate Y-Axis -90°: Rotate selected brushes by the Y-Axis -90° (Counter Clockwise)"}},
-    {"mnuRotZ", "mnuRotate", "Z-Axis: 90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotZ", "mnuRotate", "Z-Axis: 90°", Selection, CheckKind::None, nullptr, Rotate<0, 0, -90>,
      {EditBar, 14, "Rotate: Z-Axis 90°", "Rotate Z-Axis 90°: Rotate selected brushes by the Z-Axis 90° (Clockwise)"}},
-    {"mnuRotZc", "mnuRotate", "Z-Axis: -90°", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuRotZc", "mnuRotate", "Z-Axis: -90°", Selection, CheckKind::None, nullptr, Rotate<0, 0, 90>,
      {EditBar, 15, "Rotate: Z-Axis -90°", "Rotate Z-Axis -90°: Rotate selected brushes by the Z-Axis -90° (Counter Clockwise)"}},
-    {"mnuFlipX", "mnuFlip", "X-Axis", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuFlipX", "mnuFlip", "X-Axis", Selection, CheckKind::None, nullptr, Flip<true, false, false>,
      {EditBar, 17, "Flip: X-Axis", "Flip X: Flip selected brushes on the X-Axis"}},
-    {"mnuFlipY", "mnuFlip", "Y-Axis", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuFlipY", "mnuFlip", "Y-Axis", Selection, CheckKind::None, nullptr, Flip<false, true, false>,
      {EditBar, 18, "Flip: Y-Axis", "Flip Y: Flip selected brushes on the Y-Axis"}},
-    {"mnuFlipZ", "mnuFlip", "Z-Axis", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuFlipZ", "mnuFlip", "Z-Axis", Selection, CheckKind::None, nullptr, Flip<false, false, true>,
      {EditBar, 19, "Flip: Z-Axis", "Flip Z: Flip selected brushes on the Z-Axis", kSeparator}},
-    {"mnuInvert", "mnuModify", "Invert", NotYet, CheckKind::None, nullptr, nullptr, {}},
-    {"mnuMultiply", "mnuModify", "Multiply Brushes...", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuInvert", "mnuModify", "Invert", Selection, CheckKind::None, nullptr, InvertBrushes, {}},
+    {"mnuMultiply", "mnuModify", "Multiply Brushes...", Selection, CheckKind::None, nullptr, Open<Form::Multiply>,
      {EditBar, 20, "Multiply Selected Brushes...", "Multiply Brushes: Mulptiply selected brushes with offsets and rotations"}, kSeparator},
     {"mnuOptimize", "mnuModify", "Optimize Object...", NotYet, CheckKind::None, nullptr, nullptr, {}},
 
@@ -292,7 +305,11 @@ bool IsEnabled(const Command& command, const Editor& editor) {
         case Always:
             return true;
         case EnabledWhen::Selection:
-            return CountSelectedBrushes(editor.scene) > 0;
+            return SelectedBrushIndex(editor.scene) >= 0;
+        case Clipboard:
+            return !editor.scene.clipboard.empty();
+        case UndoAvailable:
+            return editor.undo.UndoCount > 0;
         case NotYet:
             return false;
     }

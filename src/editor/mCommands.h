@@ -12,8 +12,10 @@ namespace korvane {
 /// When a command can be used.
 enum class EnabledWhen {
     Always,
-    Selection,  ///< at least one brush is selected
-    NotYet      ///< the capability is still to come; the entry stands there disabled
+    Selection,      ///< at least one brush is selected
+    Clipboard,      ///< at least one brush was copied
+    UndoAvailable,  ///< there is a snapshot to go back to
+    NotYet          ///< the capability is still to come; the entry stands there disabled
 };
 
 /// Checked state that a command shows in its menu item and tool button.

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "editor/mUndo.h"
 #include "editor/mViews.h"
 #include "files/FileBuffer.h"
 #include "files/mObjectFile.h"
@@ -54,6 +55,7 @@ LoadResult LoadFrom(Editor& editor, const std::string& path, const LoadWay& way)
     if (!bytes) return LoadResult::Failed;
     auto brushes = DecodeObject(*bytes, editor.textures, way.withSelection,
                                 way.merge ? editor.scene.brushCount() : 0);
+    if (!brushes && way.isUndo) return LoadResult::Failed;
     if (!way.merge) ClearScene(editor.scene);
     if (way.becomesCurrent) {
         editor.CurrentObjectPath = path;
@@ -71,22 +73,30 @@ void ReportLoad(Editor& editor, LoadResult result) {
     RefreshAll(editor);
 }
 
+/// After a successful open the snapshots belong to another object.
+void ReportOpen(Editor& editor, LoadResult result) {
+    if (result == LoadResult::Done) {
+        editor.host.CloseForms();
+        ClearUndoCache(editor);
+    }
+    ReportLoad(editor, result);
+}
+
 }  // namespace
 
-bool SaveObject(Editor& editor, const std::string& path, bool keepModified, bool withSelection) {
+bool SaveObject(Editor& editor, const std::string& path) {
     std::string target = path;
     if (target.empty()) {
         const auto chosen = editor.prompts.AskSavePath(ObjectDialog("Save Object As...", editor));
         if (!chosen || chosen->empty()) return false;
         target = editor.CurrentObjectPath = *chosen;
     }
-    const bool saved = SaveFile(target, EncodeObject(editor.scene, editor.textures, withSelection),
-                                keepModified ? Durability::Cached : Durability::Synced);
-    if (!saved) ShowError(editor, "Error: Unable to save file!");
-    if (keepModified) return saved;
+    const bool saved = SaveFile(target, EncodeObject(editor.scene, editor.textures, false));
     if (saved) {
         editor.SceneModified = false;
         editor.currentFileForeign = false;
+    } else {
+        ShowError(editor, "Error: Unable to save file!");
     }
     RefreshAll(editor);
     return saved;
@@ -107,11 +117,13 @@ void NewObject(Editor& editor) {
                         "Warning!")) {
         return;
     }
+    editor.host.CloseForms();
     ClearScene(editor.scene);
     ResetAllViews(editor);
     editor.SceneModified = false;
     editor.CurrentObjectPath.clear();
     editor.currentFileForeign = false;
+    ClearUndoCache(editor);
     editor.host.LayoutPanes();  // the split is back in the middle
     RefreshAll(editor);
 }
@@ -121,7 +133,7 @@ void OpenObject(Editor& editor) {
                         "Notice!")) {
         return;
     }
-    ReportLoad(editor, LoadObject(editor, {}, false, false, false));
+    ReportOpen(editor, LoadObject(editor, {}, false, false, false));
 }
 
 void MergeObject(Editor& editor) {
@@ -129,16 +141,15 @@ void MergeObject(Editor& editor) {
 }
 
 void SaveCurrentObject(Editor& editor) {
-    SaveObject(editor, editor.currentFileForeign ? std::string() : editor.CurrentObjectPath, false,
-               false);
+    SaveObject(editor, editor.currentFileForeign ? std::string() : editor.CurrentObjectPath);
 }
 
 void SaveObjectAs(Editor& editor) {
-    SaveObject(editor, {}, false, false);
+    SaveObject(editor, {});
 }
 
 void OpenObjectFile(Editor& editor, const std::string& path) {
-    ReportLoad(editor, LoadFrom(editor, path, {.becomesCurrent = true}));
+    ReportOpen(editor, LoadFrom(editor, path, {.becomesCurrent = true}));
 }
 
 }  // namespace korvane

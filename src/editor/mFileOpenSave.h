@@ -14,15 +14,16 @@ enum class LoadResult {
     Failed      ///< unreadable or no valid object file
 };
 
-/// Writes the scene. An empty path asks for one, which becomes CurrentObjectPath. keepModified
-/// leaves SceneModified and the title alone. Returns whether the scene was written; on failure the
-/// old file is whole, SceneModified stays and the user has been told.
-bool SaveObject(Editor& editor, const std::string& path, bool keepModified, bool withSelection);
+/// Writes the scene. An empty path asks for one, which becomes CurrentObjectPath. Returns whether
+/// the scene was written; on failure the old file is whole, SceneModified stays and the user has
+/// been told.
+bool SaveObject(Editor& editor, const std::string& path);
 
 /// Reads a file into the scene, replacing it or (merge) appending to it. An empty path asks for
 /// one, which becomes CurrentObjectPath unless merging. A failed merge leaves the scene as it was;
-/// a failed open leaves it empty if the file could be read at all, else as it was. A failure leaves
-/// SceneModified alone: what was lost can still be in the undo snapshots.
+/// a failed open leaves it empty if the file could be read at all, else as it was; a failed undo
+/// leaves it as it was. A failure leaves SceneModified alone: what was lost can still be in the
+/// undo snapshots.
 LoadResult LoadObject(Editor& editor, const std::string& path, bool merge, bool isUndo,
                       bool withSelection);
 

@@ -1,5 +1,6 @@
 #include "editor/mTextureCommands.h"
 
+#include "editor/mUndo.h"
 #include "scene/mSelection.h"
 
 namespace korvane {

@@ -6,6 +6,8 @@
 
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "editor/mRotationMarker.h"
+#include "editor/mUndo.h"
 #include "scene/mBrush.h"
 #include "scene/mSelection.h"
 
@@ -24,19 +26,64 @@ MouseButton OwnButton(const ViewGesture& gesture) {
     return gesture.panning ? MouseButton::Right : MouseButton::None;
 }
 
+/// Step of the grid that points snap to; 0 with snap off.
+float SnapStep(const Editor& editor) {
+    return editor.settings.snapToGrid ? editor.settings.snapSize : 0;
+}
+
 Vec3 Snapped(const Editor& editor, const Vec3& point) {
-    return editor.settings.snapToGrid ? SnapToGrid(point, editor.settings.snapSize) : point;
+    return SnapToGrid(point, SnapStep(editor));
 }
 
-/// A left press begins the rectangle of a new brush where there is nothing else for it to mean.
-bool PressCreates(const Editor& editor, const MouseInput& mouse) {
-    return !editor.scene.markerShown && mouse.modifiers == NoModifier &&
-           CountSelectedBrushes(editor.scene) == 0;
+bool MovesVertices(std::int16_t editMode) {
+    return editMode == EdgeMove || editMode == VertexMove;
 }
 
-void StartCreation(Editor& editor) {
-    editor.gesture.dragStart = Snapped(editor, editor.gesture.dragStart);
-    editor.CursorPoint = editor.gesture.dragStart;  // a click without a drag has no extent
+/// The title and the undo command show that there is a snapshot.
+void TakeGestureSnapshot(Editor& editor) {
+    TakeUndoSnapshot(editor);
+    UpdateCommandStates(editor);
+}
+
+/// Picks brushes with Ctrl; what is selected then can be moved.
+void PressBrushMove(Editor& editor, bool ctrl) {
+    TakeGestureSnapshot(editor);
+    if (ctrl) {
+        PickBrushAt(editor.scene, editor.gesture.view, editor.gesture.dragStart);
+        DepthRangeFromSelection(editor.scene, editor.depthRange);
+        RefreshAll(editor);
+    }
+    editor.gesture.origin = OriginOfBrushes(editor.scene);
+}
+
+/// Adds to the selection of vertices, or with Ctrl takes from it; what is selected then can be
+/// moved.
+void PressVertexMove(Editor& editor, bool ctrl) {
+    const auto pick = editor.scene.editMode == EdgeMove ? PickEdgesAt : PickVerticesAt;
+    TakeGestureSnapshot(editor);
+    pick(editor.scene, editor.gesture.view, editor.gesture.dragStart, editor.settings.pickerSize,
+         !ctrl);
+    RedrawAllViews(editor);
+    editor.gesture.origin = OriginOfVertices(editor.scene);
+}
+
+/// What a left press takes hold of: the marker while it is shown, else the selection, else nothing,
+/// and a new brush begins. A modifier asks for the selection even when it is empty.
+void PressLeft(Editor& editor, const MouseInput& mouse) {
+    ViewGesture& gesture = editor.gesture;
+    const bool picks = mouse.modifiers != NoModifier || SelectedBrushIndex(editor.scene) >= 0;
+    const bool ctrl = mouse.modifiers == CtrlKey;
+    gesture.movesMarker = editor.scene.markerShown;
+    gesture.markerStart = editor.scene.marker;
+    gesture.creating = !gesture.movesMarker && !picks;
+    if (!gesture.movesMarker && picks) {
+        if (gesture.editMode == BrushMove) PressBrushMove(editor, ctrl);
+        if (MovesVertices(gesture.editMode)) PressVertexMove(editor, ctrl);
+    }
+    // From here on only steps of the grid count: a start beside it would be felt at the first step.
+    gesture.dragStart = Snapped(editor, gesture.dragStart);
+    editor.CursorPoint = gesture.dragStart;
+    gesture.dragging = true;
 }
 
 void ShowCursor(const Editor& editor, int view) {
@@ -87,26 +134,63 @@ bool HasExtent(const Vec3& start, const Vec3& end) {
     return size.x >= kThinnestBrush && size.y >= kThinnestBrush && size.z >= kThinnestBrush;
 }
 
+/// Index of the new brush, or -1 where the drag has no extent to build one in.
+std::int32_t BuildBrush(Editor& editor) {
+    const auto [start, end] = BrushCorners(editor);
+    if (!HasExtent(start, end)) return -1;
+    return CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space());
+}
+
 void FinishCreation(Editor& editor) {
     TakeUndoSnapshot(editor);
     editor.host.RequestRedraw(RedrawView(editor.gesture.view));  // without the rectangle
-    const auto [start, end] = BrushCorners(editor);
-    const std::int32_t brush =
-        HasExtent(start, end)
-            ? CreateBrush(editor.scene, start, end, editor.scene.sideCount, editor.Space())
-            : -1;
+    const std::int32_t brush = BuildBrush(editor);
     if (brush < 0) {
-        UpdateCommandStates(editor);  // the snapshot alone marks the scene as modified
+        UpdateCommandStates(editor);  // the snapshot stands all the same
         return;
     }
     SelectOnly(editor.scene, brush);
     RefreshAll(editor);
 }
 
+/// How far the cursor is from the start, as what moved points lose.
+Vec3 DragDelta(const Editor& editor) {
+    return Difference(editor.CursorPoint, editor.gesture.dragStart);
+}
+
+void MoveMarker(Editor& editor) {
+    editor.scene.marker =
+        MovedPoint(editor.gesture.markerStart, DragDelta(editor), SnapStep(editor));
+    ShowMarkerPosition(editor);
+    editor.host.RequestRedraw(RedrawMoveStep);
+}
+
+void MoveSelection(Editor& editor) {
+    MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor), SnapStep(editor),
+                   editor.Space());
+    editor.host.RequestRedraw(RedrawMoveStep);
+}
+
+void DragTo(Editor& editor, const MouseInput& mouse) {
+    ViewGesture& gesture = editor.gesture;
+    // Some window systems repeat the position of the press; a click moves nothing.
+    gesture.moved = gesture.moved || mouse.x != gesture.lastX || mouse.y != gesture.lastY;
+    if (gesture.creating) {
+        editor.host.RequestRedraw(RedrawOverlay(gesture.view));
+    } else if (gesture.moved && gesture.movesMarker) {
+        MoveMarker(editor);
+    } else if (gesture.moved && IsMovingSelection(editor)) {
+        MoveSelection(editor);
+    } else if (gesture.moved && gesture.editMode != FaceEdit) {
+        CancelViewGesture(editor);
+    }
+}
+
 void FinishDrag(Editor& editor) {
     if (editor.gesture.creating) {
         FinishCreation(editor);
     } else {
+        editor.gesture.origin = {};
         RedrawAllViews(editor);
     }
 }
@@ -127,16 +211,15 @@ void PressView(Editor& editor, int view, const MouseInput& mouse) {
     ViewGesture& gesture = editor.gesture;
     if (IsRunning(gesture)) return;
     gesture.view = view;
+    gesture.editMode = editor.scene.editMode;
     gesture.lastX = mouse.x;
     gesture.lastY = mouse.y;
     gesture.panned = false;
+    gesture.moved = false;
     ScreenToWorld(editor.views[view], view, mouse.x, mouse.y, gesture.dragStart);
     editor.CursorPoint = gesture.dragStart;
     gesture.panning = mouse.button == MouseButton::Right;
-    gesture.dragging = mouse.button == MouseButton::Left;
-    if (!gesture.dragging) return;
-    gesture.creating = PressCreates(editor, mouse);
-    if (gesture.creating) StartCreation(editor);
+    if (mouse.button == MouseButton::Left) PressLeft(editor, mouse);
 }
 
 void MoveOverView(Editor& editor, int view, const MouseInput& mouse) {
@@ -147,7 +230,7 @@ void MoveOverView(Editor& editor, int view, const MouseInput& mouse) {
     editor.CursorPoint = Snapped(editor, editor.CursorPoint);
     ShowCursor(editor, view);
     if (gesture.panning) PanView(editor, mouse);
-    if (gesture.dragging && gesture.creating) editor.host.RequestRedraw(RedrawOverlay(view));
+    if (gesture.dragging) DragTo(editor, mouse);
 }
 
 void ReleaseView(Editor& editor, int view, const MouseInput& mouse) {
@@ -165,10 +248,20 @@ void ReleaseView(Editor& editor, int view, const MouseInput& mouse) {
 void CancelViewGesture(Editor& editor) {
     ViewGesture& gesture = editor.gesture;
     if (!IsRunning(gesture)) return;
+    const bool moves = gesture.dragging && !gesture.creating;
     gesture.dragging = false;
     gesture.panning = false;
     gesture.creating = false;
-    editor.host.RequestRedraw(RedrawView(gesture.view));
+    gesture.origin = {};
+    editor.host.RequestRedraw(moves ? RedrawAll : RedrawView(gesture.view));
+}
+
+bool IsMovingSelection(const Editor& editor) {
+    const ViewGesture& gesture = editor.gesture;
+    if (!gesture.dragging || gesture.creating) return false;
+    if (gesture.movesMarker) return true;
+    return gesture.editMode != FaceEdit && gesture.editMode == editor.scene.editMode &&
+           IsCurrent(editor.scene, gesture.origin);
 }
 
 std::optional<RubberBand> CurrentRubberBand(const Editor& editor, int view) {
@@ -186,6 +279,15 @@ std::optional<RubberBand> CurrentRubberBand(const Editor& editor, int view) {
     band.start = JoinedCoordinates(gesture.dragStart);
     band.end = JoinedCoordinates(editor.CursorPoint);
     return band;
+}
+
+std::optional<ReadOut> CurrentReadOut(const Editor& editor, int view) {
+    const ViewGesture& gesture = editor.gesture;
+    const bool shown = gesture.view == view && gesture.moved && !gesture.movesMarker &&
+                       MovesVertices(gesture.editMode) && IsMovingSelection(editor);
+    if (!shown) return std::nullopt;
+    const ScreenPoint cursor = WorldToScreen(editor.views[view], view, editor.CursorPoint);
+    return ReadOut{cursor.x, cursor.y, JoinedCoordinates(editor.CursorPoint)};
 }
 
 }  // namespace korvane

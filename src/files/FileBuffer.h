@@ -86,15 +86,26 @@ class FileReader {
 /// than a cursor of 32 bits reaches (2^31 - 1 bytes).
 std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path);
 
-/// How hard SaveFile tries to have the bytes on the disk before it returns.
-enum class Durability { Synced, Cached };
-
 /// Stores the bytes as the whole content of the file (UTF-8 path): a temporary file beside it is
-/// written, flushed to the disk (unless Cached) and renamed over it. An existing file keeps its
-/// mode; a symbolic link stays and the file it names is replaced. Refused are an empty path, a
-/// folder or device, a file without write permission, and more bytes than LoadFile reads. On
-/// failure the old file is left as it was, nothing else remains, and false is returned.
-bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes,
-              Durability durability = Durability::Synced);
+/// written, flushed to the disk and renamed over it. An existing file keeps its mode; a symbolic
+/// link stays and the file it names is replaced. Refused are an empty path, a folder or device, a
+/// file without write permission, and more bytes than LoadFile reads. On failure the old file is
+/// left as it was, nothing else remains, and false is returned.
+bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes);
+
+/// What became of CreateFile.
+enum class Creation {
+    Done,
+    Exists,  ///< something of that name is there and was left alone
+    Failed   ///< nothing of that name remains
+};
+
+/// Stores the bytes as a new file (UTF-8 path), never over an old one, even when another program
+/// creates the same name at the same moment. Does not wait for the disk. Refuses more bytes than
+/// LoadFile reads.
+Creation CreateFile(const std::string& path, std::span<const std::uint8_t> bytes);
+
+/// Removes the file; one that can't be removed stays.
+void DeleteFile(const std::string& path);
 
 }  // namespace korvane

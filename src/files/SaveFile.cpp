@@ -97,11 +97,9 @@ bool TakeOver(int fd, const struct stat& old) {
 }
 
 /// Writes the temporary file in full; `old` is the file it will replace, or null.
-bool FillTemporary(int fd, std::span<const std::uint8_t> bytes, const struct stat* old,
-                   Durability durability) {
+bool FillTemporary(int fd, std::span<const std::uint8_t> bytes, const struct stat* old) {
     Descriptor file(fd);
-    return WriteAll(fd, bytes) && (!old || TakeOver(fd, *old)) &&
-           (durability == Durability::Cached || Flush(fd)) && file.Close();
+    return WriteAll(fd, bytes) && (!old || TakeOver(fd, *old)) && Flush(fd) && file.Close();
 }
 
 /// Makes a rename in the folder last; where that is not possible the file is still whole.
@@ -133,7 +131,7 @@ std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
     return bytes;
 }
 
-bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes, Durability durability) {
+bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes) {
     const std::string target = FollowLinks(path);
     if (target.empty() || bytes.size() > kLongestFile) return false;
     struct stat old;
@@ -143,13 +141,26 @@ bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes, Dura
     std::string temporary;
     const int fd = CreateTemporary(FolderOf(target), temporary);
     if (fd < 0) return false;
-    if (!FillTemporary(fd, bytes, replaces ? &old : nullptr, durability) ||
+    if (!FillTemporary(fd, bytes, replaces ? &old : nullptr) ||
         std::rename(temporary.c_str(), target.c_str()) != 0) {
         unlink(temporary.c_str());
         return false;
     }
-    if (durability == Durability::Synced) FlushFolder(FolderOf(target));
+    FlushFolder(FolderOf(target));
     return true;
+}
+
+Creation CreateFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+    if (bytes.size() > kLongestFile) return Creation::Failed;
+    Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!file) return errno == EEXIST ? Creation::Exists : Creation::Failed;
+    if (WriteAll(file.Get(), bytes) && file.Close()) return Creation::Done;
+    unlink(path.c_str());
+    return Creation::Failed;
+}
+
+void DeleteFile(const std::string& path) {
+    unlink(path.c_str());
 }
 
 }  // namespace korvane

@@ -3,6 +3,9 @@
 #include "scene/mSelection.h"
 
 #include <algorithm>
+#include <unordered_set>
+
+#include "base/SingleByteText.h"
 
 namespace korvane {
 namespace {
@@ -27,6 +30,18 @@ template <class Action>
 void ForSelected(Scene& scene, Action action) {
     for (Brush& brush : scene.brushes) {
         if (brush.selected) action(brush);
+    }
+}
+
+/// Selects the brushes whose text (their name or group) is among the given ones.
+void SelectByText(Scene& scene, std::string Brush::*text, std::span<const std::string> wanted) {
+    std::unordered_set<std::string> lowerCase;
+    for (const std::string& entry : wanted) lowerCase.insert(LowerCase(entry));
+    for (Brush& brush : scene.brushes) {
+        if (!lowerCase.contains(LowerCase(brush.*text))) continue;
+        brush.selected = true;
+        ClearFaceSelection(brush);
+        ClearVertexSelection(brush);
     }
 }
 
@@ -86,6 +101,31 @@ void SelectOnly(Scene& scene, std::int32_t index) {
     brush.selected = true;
     ClearFaceSelection(brush);
     ClearVertexSelection(brush);
+}
+
+void SelectByName(Scene& scene, std::span<const std::string> names) {
+    SelectByText(scene, &Brush::name, names);
+}
+
+void SelectByGroup(Scene& scene, std::span<const std::string> groups) {
+    SelectByText(scene, &Brush::group, groups);
+}
+
+void SelectByTexture(Scene& scene, std::span<const std::int32_t> textures) {
+    const std::unordered_set<std::int32_t> wanted(textures.begin(), textures.end());
+    for (Brush& brush : scene.brushes) {
+        const bool wears = std::ranges::any_of(
+            brush.faces, [&](const BrushFace& face) { return wanted.contains(face.texture); });
+        if (wears) brush.selected = true;
+    }
+}
+
+void ToggleFacePolygon(Brush& brush, std::int32_t face) {
+    const BrushFace picked = brush.faces[static_cast<std::size_t>(face)];
+    for (BrushFace& other : brush.faces) {
+        if (other.polygonId == picked.polygonId) other.selected = !picked.selected;
+    }
+    Touch(brush);
 }
 
 void UnSelect(Scene& scene) {

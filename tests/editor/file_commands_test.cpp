@@ -297,28 +297,6 @@ TEST_F(FileCommandsTest, AFailedSaveTellsTheUserAndLosesNothing) {
     EXPECT_NE(FileBytes(path), before);
 }
 
-TEST_F(FileCommandsTest, SnapshotsKeepSelectionAndLeaveTheSessionsFileAlone) {
-    AddBox("mine");
-    editor_.scene.brushes[0].selected = true;
-    editor_.scene.brushes[0].faces[3].selected = true;
-    editor_.CurrentObjectPath = "mine.kvobject";
-    editor_.currentFileForeign = true;
-    const std::string snapshot = folder_.Path("snapshot");
-    EXPECT_TRUE(SaveObject(editor_, snapshot, true, true));
-    EXPECT_TRUE(editor_.SceneModified);
-    EXPECT_EQ(host_.commandStateRefreshes, 0);
-
-    ClearScene(editor_.scene);
-    EXPECT_EQ(LoadObject(editor_, snapshot, false, true, true), LoadResult::Done);
-    EXPECT_EQ(Groups(), "Brush-0000:mine ");
-    EXPECT_TRUE(editor_.scene.brushes[0].selected);
-    EXPECT_TRUE(editor_.scene.brushes[0].faces[3].selected);
-    EXPECT_FALSE(editor_.scene.brushes[0].faces[2].selected);
-    EXPECT_TRUE(editor_.SceneModified);
-    EXPECT_EQ(editor_.CurrentObjectPath, "mine.kvobject");
-    EXPECT_TRUE(editor_.currentFileForeign);
-}
-
 TEST_F(FileCommandsTest, AFileNamedOutsideTheDialogBecomesTheCurrentOne) {
     AddBox("mine");
     const std::string path = BoxFile("bridge.old.kvobject", "other");

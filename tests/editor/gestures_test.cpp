@@ -1,40 +1,17 @@
 // Mouse gestures without a window: what they change and what they ask to be redrawn.
 #include <gtest/gtest.h>
 
-#include "editor/mViewGestures.h"
-#include "editor/mViews.h"
 #include "scene/mNormals.h"
-#include "support/RecordingHost.h"
+#include "support/SessionFixture.h"
 
 namespace korvane {
 namespace {
 
-using test::RecordingHost;
-using test::ScriptedPrompts;
+using test::Left;
+using test::Right;
 
-constexpr MouseInput Left(float x, float y, unsigned modifiers = NoModifier) {
-    return {MouseButton::Left, modifiers, x, y};
-}
-constexpr MouseInput Right(float x, float y) {
-    return {MouseButton::Right, NoModifier, x, y};
-}
-
-/// Views of 400 x 300 at zoom 80: world (0, 0) lies at pixel (200, 150).
-class GesturesTest : public testing::Test {
+class GesturesTest : public test::SessionTest {
   protected:
-    GesturesTest() {
-        for (ViewState& view : editor.views) view.width = 400, view.height = 300;
-        editor.gauge.width = 60;
-        editor.gauge.height = 600;
-        UpdateViewOrigins(editor);
-    }
-
-    void Drag(int view, const MouseInput& from, const MouseInput& to) {
-        PressView(editor, view, from);
-        MoveOverView(editor, view, to);
-        ReleaseView(editor, view, to);
-    }
-
     void DragGauge(float fromY, float toY) {
         PressGauge(editor, Left(5, fromY));
         MoveOverGauge(editor, Left(5, toY));
@@ -53,10 +30,6 @@ class GesturesTest : public testing::Test {
         AddBrush(editor.scene, "", "");
         editor.scene.brushes[0].selected = true;
     }
-
-    RecordingHost host;
-    ScriptedPrompts prompts;
-    Editor editor{host, prompts};
 };
 
 TEST_F(GesturesTest, ADragInEachViewCreatesABrushOfTheDepthRange) {
@@ -144,14 +117,15 @@ TEST_F(GesturesTest, TheRubberBandShowsSizeStartAndEnd) {
 TEST_F(GesturesTest, WhatIsThinnerThanAHundredthCreatesNothing) {
     Drag(TopView, Left(233, 177), Left(300, 177));
     EXPECT_EQ(editor.scene.brushCount(), 0) << "no height";
-    EXPECT_TRUE(editor.SceneModified) << "the snapshot comes before the test of the size";
     PressView(editor, TopView, Left(203, 153));
     ReleaseView(editor, TopView, Left(203, 153));
     EXPECT_EQ(editor.scene.brushCount(), 0) << "a click off the grid";
     editor.depthRange = {1.5F, 1.5F};
     Drag(TopView, Left(200, 150), Left(360, 390));
     EXPECT_EQ(editor.scene.brushCount(), 0) << "HI = LO";
-    EXPECT_EQ(host.commandStateRefreshes, 3) << "the title tells of the changes";
+    EXPECT_EQ(editor.undo.UndoCount, 3) << "the snapshots come before the test of the size";
+    EXPECT_EQ(host.commandStateRefreshes, 3) << "they can be undone";
+    EXPECT_EQ(host.panelRefreshes, 0);
     EXPECT_EQ(host.focusReturns, 3);
     editor.depthRange = {0.01F, 0};
     Drag(TopView, Left(200, 150), Left(360, 390));
@@ -167,6 +141,7 @@ TEST_F(GesturesTest, ASelectionAModifierOrTheMarkerKeepsADragFromCreating) {
     editor.scene.markerShown = false;
     AddSelectedBrush();
     editor.scene.editMode = FaceEdit;
+    editor.SceneModified = false;
     Drag(TopView, Left(200, 150), Left(360, 390));
     EXPECT_EQ(editor.scene.brushCount(), 1);
     EXPECT_FALSE(editor.SceneModified);

@@ -31,11 +31,9 @@ unsigned ModeOf(const std::string& path) {
 TEST(SaveFileTest, StoresExactlyTheBytes) {
     const TempFolder folder;
     const std::string path = folder.Path("T\u00FCrme \u20AC.kvobject");
-    for (const Durability durability : {Durability::Synced, Durability::Cached}) {
-        WriteFileBytes(path, kOld);
-        EXPECT_TRUE(SaveFile(path, kNew, durability));
-        EXPECT_EQ(FileBytes(path), kNew) << "nothing of the longer old file is left";
-    }
+    WriteFileBytes(path, kOld);
+    EXPECT_TRUE(SaveFile(path, kNew));
+    EXPECT_EQ(FileBytes(path), kNew) << "nothing of the longer old file is left";
     EXPECT_TRUE(SaveFile(path, {}));
     EXPECT_EQ(LoadFile(path), Bytes{});
     const Bytes large(3'000'000, 7);
@@ -125,12 +123,30 @@ TEST(SaveFileTest, AFullDiskLeavesTheOldFileWhole) {
     {
         const test::FileSizeLimit full(4096);
         EXPECT_FALSE(SaveFile(folder.Path("file"), large));
-        EXPECT_FALSE(SaveFile(folder.Path("file"), large, Durability::Cached));
         EXPECT_FALSE(SaveFile(folder.Path("another"), large));
     }
     EXPECT_EQ(FileBytes(folder.Path("file")), kOld);
     EXPECT_EQ(folder.EntryCount(), 1) << "no temporary file is left";
     EXPECT_TRUE(SaveFile(folder.Path("file"), large)) << "with room again it works";
+}
+
+TEST(CreateFileTest, NeverTouchesWhatIsThere) {
+    const TempFolder folder;
+    EXPECT_EQ(CreateFile(folder.Path("new"), kNew), Creation::Done);
+    EXPECT_EQ(FileBytes(folder.Path("new")), kNew);
+    EXPECT_EQ(CreateFile(folder.Path("new"), kOld), Creation::Exists);
+    EXPECT_EQ(FileBytes(folder.Path("new")), kNew);
+    EXPECT_EQ(symlink("nowhere", folder.Path("link").c_str()), 0);
+    EXPECT_EQ(CreateFile(folder.Path("link"), kNew), Creation::Exists);
+    EXPECT_EQ(CreateFile(folder.Path("missing/file"), kNew), Creation::Failed);
+    EXPECT_EQ(folder.EntryCount(), 2);
+}
+
+TEST(CreateFileTest, AFullDiskLeavesNoPartOfTheFile) {
+    const TempFolder folder;
+    const test::FileSizeLimit full(4096);
+    EXPECT_EQ(CreateFile(folder.Path("new"), Bytes(100'000, 1)), Creation::Failed);
+    EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST(LoadFileTest, RefusesWhatIsNoReadableFile) {

@@ -20,6 +20,7 @@ struct RecordingHost : EditorHost {
     int panelRefreshes = 0;
     int layouts = 0;
     int closes = 0;
+    int formCloses = 0;
     int focusReturns = 0;
     std::map<int, std::string> status;
     std::vector<Form> forms;
@@ -34,6 +35,7 @@ struct RecordingHost : EditorHost {
     void LayoutPanes() override { ++layouts; }
     void ShowStatus(int panel, const std::string& text) override { status[panel] = text; }
     void OpenForm(Form form) override { forms.push_back(form); }
+    void CloseForms() override { ++formCloses; }
     void OpenDocument(const std::string& path) override { documents.push_back(path); }
     void FocusViews() override { ++focusReturns; }
     void CloseWindow() override { ++closes; }

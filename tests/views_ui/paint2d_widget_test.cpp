@@ -5,9 +5,14 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTest>
+#include <functional>
 
+#include "editor/mViews.h"
+#include "scene/mBrush.h"
 #include "scene/mNormals.h"
+#include "scene/mSelection.h"
 #include "support/RecordingHost.h"
+#include "views/ui/mRender2D.h"
 #include "views/ui/ucDepthGauge.h"
 #include "views/ui/ucView.h"
 
@@ -20,6 +25,7 @@ struct OneViewHost : test::RecordingHost {
     void RequestRedraw(unsigned set) override {
         RecordingHost::RequestRedraw(set);
         if (set & RedrawView(TopView)) view->MarkDirty();
+        if (set & RedrawSelection(TopView)) view->MarkSelectionDirty();
         if (set & RedrawOverlay(TopView)) view->update();
     }
 };
@@ -83,6 +89,102 @@ TEST_F(ViewWidgetTest, EscapeEndsADrag) {
     DragTo({200, 150}, {280, 230});
     view.hide();
     EXPECT_FALSE(CurrentRubberBand(editor, TopView));
+}
+
+/// A drag of one of two boxes: what the view keeps behind it must never show.
+class SelectionDragTest : public ViewWidgetTest {
+  protected:
+    SelectionDragTest() {
+        CreateBrush(editor.scene, {-2, 0, -1}, {-1, 1, 0}, 4, editor.Space());
+        CreateBrush(editor.scene, {0, 0, 0}, {1, 1, 1}, 4, editor.Space());
+        SelectOnly(editor.scene, 1);
+        view.MarkDirty();
+    }
+
+    void MoveTo(const QPoint& to) {
+        QTest::mouseMove(&view, to);
+        QCoreApplication::processEvents();
+    }
+
+    void ExpectFullPicture(const char* when) {
+        PaintSurface full;
+        PaintView(editor, TopView, full);
+        EXPECT_EQ(view.Picture(), full.image) << when;
+    }
+};
+
+TEST_F(SelectionDragTest, EveryStepKeepsWhatStandsStill) {
+    DragTo({240, 190}, {256, 190});
+    ExpectFullPicture("first step");
+    MoveTo({280, 222});
+    ExpectFullPicture("second step");
+    EXPECT_EQ(BrushBounds(editor.scene.brushes[1]), (Bounds{{0.5F, 0, 0.4F}, {1.5F, 1, 1.4F}}));
+    const float x = editor.scene.brushes[0].vertices[0].x;
+    editor.scene.brushes[0].vertices[0].x = x + 0.5F;  // behind the drag's back
+    MoveTo({288, 222});
+    editor.scene.brushes[0].vertices[0].x = x;
+    ExpectFullPicture("only the selection was drawn anew");
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {288, 222});
+    QCoreApplication::processEvents();
+    ExpectFullPicture("released");
+}
+
+TEST_F(SelectionDragTest, WhatChangesMeanwhileIsShown) {
+    const struct {
+        const char* what;
+        std::function<void()> change;
+    } cases[] = {
+        {"colours", [&] { editor.settings.colors[ColorItem::GridMinor] = MakeColor(1, 2, 3); }},
+        {"rulers", [&] { editor.settings.showRulers = !editor.settings.showRulers; }},
+        {"zoom", [&] { ZoomIn(editor); }},
+        {"another brush",
+         [&] {
+             CreateBrush(editor.scene, {1, 0, -1}, {2, 1, 0}, 4, editor.Space());
+         }},
+        {"another selection", [&] { SelectOnly(editor.scene, 0); }},
+        {"an empty scene", [&] { ClearScene(editor.scene); }},
+    };
+    for (const auto& c : cases) {
+        DragTo({240, 190}, {264, 190});
+        c.change();
+        RedrawAllViews(editor);
+        MoveTo({288, 206});
+        ExpectFullPicture(c.what);
+        MoveTo({240, 190});
+        ExpectFullPicture(c.what);
+        QTest::mouseRelease(&view, Qt::LeftButton, {}, {240, 190});
+    }
+    view.resize(320, 240);
+    QCoreApplication::processEvents();
+    ExpectFullPicture("resized");
+}
+
+TEST_F(SelectionDragTest, EscapeLeavesAFullPicture) {
+    DragTo({240, 190}, {264, 190});
+    QTest::keyClick(&view, Qt::Key_Escape);
+    editor.scene.brushes[0].vertices[0].x += 0.5F;
+    RedrawAllViews(editor);
+    MoveTo({288, 206});
+    ExpectFullPicture("after Escape");
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {288, 206});
+}
+
+TEST_F(SelectionDragTest, DraggedVerticesPrintTheCursorAboveIt) {
+    editor.scene.editMode = VertexMove;
+    DragTo({280, 230}, {304, 230});
+    const QImage shown = view.grab().toImage();
+    const QRgb red = PixelOf(editor.settings.colors[ColorItem::View2DSelectedBrushes]);
+    const int height = QFontMetrics(ViewFont()).height();
+    int inked = 0;
+    for (int y = 230 - height; y < 230; ++y)
+        for (int x = 308; x < 370; ++x) {
+            inked += shown.pixel(x, y) != view.Picture().pixel(x, y);
+            EXPECT_NE(view.Picture().pixel(x, y), red) << "the composed picture stays clean";
+        }
+    EXPECT_GT(inked, 20);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {304, 230});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.grab().toImage(), view.Picture().convertToFormat(QImage::Format_RGB32));
 }
 
 TEST_F(ViewWidgetTest, ARightDragPans) {

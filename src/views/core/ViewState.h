@@ -25,6 +25,8 @@ struct ViewState {
     std::int32_t zoom = kDefaultZoom;  ///< pixels per world unit
     std::int32_t width = 0;            ///< size of the surface, set when it is laid out
     std::int32_t height = 0;
+
+    friend bool operator==(const ViewState&, const ViewState&) = default;
 };
 
 /// The world axes that a view shows.

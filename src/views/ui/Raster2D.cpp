@@ -47,14 +47,17 @@ void DrawSteps(const Raster2D& raster, const Slope& s, std::int32_t first, std::
     std::uint32_t* pixel = s.steep ? raster.Row(major) + minor : raster.Row(minor) + major;
     const std::ptrdiff_t alongStep = s.steep ? raster.stride : 1;
     const std::ptrdiff_t acrossStep = s.direction * (s.steep ? 1 : std::ptrdiff_t{raster.stride});
+    // Both outcomes of a step are computed and one is taken: no branch to guess, a short chain.
     const std::int64_t full = 2 * std::int64_t{s.length};
     const std::int64_t rise = 2 * std::int64_t{s.rise};
+    const std::ptrdiff_t diagonalStep = alongStep + acrossStep;
+    rest -= full;  // reaches 0 where the minor axis moves
     for (std::int32_t i = first; i <= last; ++i) {
         *pixel = color;
-        rest += rise;
-        const std::ptrdiff_t carry = -static_cast<std::ptrdiff_t>(rest >= full);  // 0 or -1
-        rest -= full & carry;
-        pixel += alongStep + (acrossStep & carry);
+        const std::int64_t straight = rest + rise;
+        const std::int64_t turned = rest + (rise - full);
+        rest = straight < 0 ? straight : turned;
+        pixel += straight < 0 ? alongStep : diagonalStep;
     }
 }
 

@@ -39,6 +39,13 @@ int PenPixels(int width, double ratio) {
     return std::max(1, RoundToInt(width * ratio));
 }
 
+std::vector<std::int32_t> SelectedBrushes(const Scene& scene) {
+    std::vector<std::int32_t> indices;
+    for (std::int32_t i = 0; i < scene.brushCount(); ++i)
+        if (scene.brushes[static_cast<std::size_t>(i)].selected) indices.push_back(i);
+    return indices;
+}
+
 void DrawThickLine(const Raster2D& raster, Pixel a, Pixel b, int thickness, std::uint32_t color) {
     const bool steep = std::abs(b.y - a.y) > std::abs(b.x - a.x);
     for (int i = 0; i < thickness; ++i) {
@@ -65,10 +72,11 @@ void BrushPainter::DrawUnselected(const Raster2D& raster, const Projection& proj
 }
 
 void BrushPainter::DrawSelected(const Raster2D& raster, const Projection& projection, double ratio,
-                                const Scene& scene, const BrushColors& colors) {
+                                const Scene& scene, std::span<const std::int32_t> selected,
+                                const BrushColors& colors) {
     Begin(raster, projection, ratio);
-    for (const Brush& brush : scene.brushes) {
-        if (!brush.selected) continue;
+    for (const std::int32_t index : selected) {
+        const Brush& brush = scene.brushes[static_cast<std::size_t>(index)];
         DrawEdges(brush, colors.selectedLines);
         if (scene.editMode == VertexMove) DrawVertexNodes(brush, colors);
         if (scene.editMode == EdgeMove) DrawEdgeNodes(brush, colors);

@@ -1,6 +1,8 @@
 // Brushes, their nodes and the rotation marker in a 2D view, drawn into a pixel surface.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 #include "scene/Scene.h"
@@ -35,6 +37,9 @@ struct BrushColors {
     std::uint32_t selectedNodes = 0;
 };
 
+/// The indices of the selected brushes, in brush order.
+std::vector<std::int32_t> SelectedBrushes(const Scene& scene);
+
 /// Draws brushes; keeps its scratch between repaints.
 class BrushPainter {
   public:
@@ -42,9 +47,11 @@ class BrushPainter {
     void DrawUnselected(const Raster2D& raster, const Projection& projection, double ratio,
                         const Scene& scene, const BrushColors& colors);
 
-    /// Every selected brush, in brush order, with the nodes of the edit mode on top of its lines.
+    /// The brushes of those indices as selected ones, each with the nodes of the edit mode on top
+    /// of its lines.
     void DrawSelected(const Raster2D& raster, const Projection& projection, double ratio,
-                      const Scene& scene, const BrushColors& colors);
+                      const Scene& scene, std::span<const std::int32_t> selected,
+                      const BrushColors& colors);
 
   private:
     bool Project(const Brush& brush);

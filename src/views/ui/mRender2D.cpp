@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
+#include <span>
 
 #include "base/Rounding.h"
 #include "views/core/mGrid.h"
@@ -80,15 +82,27 @@ void DrawRows(const Canvas& canvas) {
     });
 }
 
-void DrawScene(const Canvas& canvas, int view, const Scene& scene) {
-    const BrushColors colors = {
-        canvas.Ink(ColorItem::View2DBrushLines),  canvas.Ink(ColorItem::View2DSelectedBrushes),
-        canvas.Ink(ColorItem::View2DEdgeNodes),   canvas.Ink(ColorItem::View2DSelectedEdges),
-        canvas.Ink(ColorItem::View2DVertexNodes), canvas.Ink(ColorItem::View2DSelectedNodes)};
+BrushColors BrushInks(const Canvas& canvas) {
+    return {canvas.Ink(ColorItem::View2DBrushLines),  canvas.Ink(ColorItem::View2DSelectedBrushes),
+            canvas.Ink(ColorItem::View2DEdgeNodes),   canvas.Ink(ColorItem::View2DSelectedEdges),
+            canvas.Ink(ColorItem::View2DVertexNodes), canvas.Ink(ColorItem::View2DSelectedNodes)};
+}
+
+/// Background, grid and unselected brushes.
+void DrawBehindSelection(const Canvas& canvas, int view, const Scene& scene) {
+    DrawColumns(canvas, true);
+    DrawRows(canvas);
     const Projection projection = ProjectionOf(canvas.state, view, canvas.ratio);
-    BrushPainter& painter = canvas.surface.brushes;
-    painter.DrawUnselected(canvas.raster, projection, canvas.ratio, scene, colors);
-    painter.DrawSelected(canvas.raster, projection, canvas.ratio, scene, colors);
+    canvas.surface.brushes.DrawUnselected(canvas.raster, projection, canvas.ratio, scene,
+                                          BrushInks(canvas));
+}
+
+/// Selected brushes with their nodes, and the marker.
+void DrawSelection(const Canvas& canvas, int view, const Scene& scene,
+                   std::span<const std::int32_t> selected) {
+    const Projection projection = ProjectionOf(canvas.state, view, canvas.ratio);
+    canvas.surface.brushes.DrawSelected(canvas.raster, projection, canvas.ratio, scene, selected,
+                                        BrushInks(canvas));
     if (scene.markerShown)
         DrawMarker(canvas.raster, projection, canvas.ratio, scene.marker,
                    canvas.Ink(ColorItem::RotationMarker), canvas.Ink(ColorItem::View2DBackground));
@@ -98,24 +112,82 @@ VerticalRuler LeftRuler(const ViewState& state, bool negated) {
     return {Rows(state), state.originY, state.zoom, negated};
 }
 
-void DrawRulers(const Canvas& canvas, int view) {
-    static constexpr const char* captions[kViewCount] = {"TOP", "LEFT", "FRONT"};
-    const ViewState& state = canvas.state;
-    const QFont& font = canvas.surface.font;
-    const VerticalRuler left = LeftRuler(state, view == TopView);
-    Fill(canvas, 0, 0, state.width, HorizontalRuler::Height(font), ColorItem::RulerBackground);
-    Fill(canvas, 0, 0, left.Width(font), state.height, ColorItem::RulerBackground);
+enum RulerArea { TopArea, LeftArea, CaptionArea };
 
-    QPainter painter(&canvas.surface.image);
+RulerAreas RulerAreasOf(const Canvas& canvas, const VerticalRuler& left) {
+    const QSize whole(canvas.raster.width, canvas.raster.height);
+    const QFont& font = canvas.surface.font;
+    const auto device = [&](int right, int bottom) {
+        return QSize(canvas.Device(right + 1), canvas.Device(bottom + 1)).boundedTo(whole);
+    };
+    return {device(canvas.state.width, HorizontalRuler::Height(font)),
+            device(left.Width(font), canvas.state.height), device(kCaptionRight, kCaptionBottom)};
+}
+
+void FillArea(const Canvas& canvas, const QSize& area) {
+    FillRect(canvas.raster, 0, 0, area.width() - 1, area.height() - 1,
+             canvas.Ink(ColorItem::RulerBackground));
+}
+
+/// The pixels of an area as a picture of their own: what is painted there ends at its edges.
+QImage PictureOf(const Canvas& canvas, const QSize& area) {
+    const QImage& image = canvas.surface.image;
+    QImage part(reinterpret_cast<uchar*>(canvas.raster.pixels), area.width(), area.height(),
+                image.bytesPerLine(), image.format());
+    part.setDevicePixelRatio(canvas.ratio);
+    return part;
+}
+
+template <class Print>
+void PrintInArea(const Canvas& canvas, const QSize& area, const QFont& font, Print print) {
+    QImage part = PictureOf(canvas, area);
+    QPainter painter(&part);
     painter.setPen(ToQColor(canvas.settings.colors[ColorItem::RulerText]));
     painter.setFont(font);
-    DrawLabels(painter, HorizontalRuler{Columns(state), state.originX, state.zoom},
-               canvas.surface.labels);
-    DrawLabels(painter, left, canvas.surface.labels);
-    painter.fillRect(0, 0, kCaptionRight + 1, kCaptionBottom + 1,
-                     ToQColor(canvas.settings.colors[ColorItem::RulerBackground]));
-    painter.setFont(canvas.surface.captionFont);
-    painter.drawText(QPointF(1, 1 + painter.fontMetrics().ascent()), captions[view]);
+    print(painter);
+}
+
+/// Nothing outside the areas is touched, and nothing below shows through inside them.
+RulerAreas DrawRulers(const Canvas& canvas, int view) {
+    static constexpr const char* captions[kViewCount] = {"TOP", "LEFT", "FRONT"};
+    const ViewState& state = canvas.state;
+    PaintSurface& surface = canvas.surface;
+    const VerticalRuler left = LeftRuler(state, view == TopView);
+    const HorizontalRuler top{Columns(state), state.originX, state.zoom};
+    const RulerAreas areas = RulerAreasOf(canvas, left);
+    FillArea(canvas, areas[TopArea]);
+    FillArea(canvas, areas[LeftArea]);
+    PrintInArea(canvas, areas[TopArea], surface.font,
+                [&](QPainter& painter) { DrawLabels(painter, top, surface.labels); });
+    PrintInArea(canvas, areas[LeftArea], surface.font,
+                [&](QPainter& painter) { DrawLabels(painter, left, surface.labels); });
+    FillArea(canvas, areas[CaptionArea]);
+    PrintInArea(canvas, areas[CaptionArea], surface.captionFont, [&](QPainter& painter) {
+        painter.drawText(QPointF(1, 1 + painter.fontMetrics().ascent()), captions[view]);
+    });
+    return areas;
+}
+
+bool Fits(const Backdrop& backdrop, const Canvas& canvas, const Scene& scene) {
+    const QImage& image = canvas.surface.image;
+    return backdrop.image.size() == image.size() &&
+           backdrop.image.devicePixelRatio() == canvas.ratio && backdrop.state == canvas.state &&
+           backdrop.brushCount == scene.brushCount();
+}
+
+void KeepBackdrop(const Editor& editor, int view, const Canvas& canvas, Backdrop& backdrop) {
+    DrawBehindSelection(canvas, view, editor.scene);
+    backdrop.rulers = editor.settings.showRulers ? DrawRulers(canvas, view) : RulerAreas{};
+    backdrop.image = canvas.surface.image.copy();
+    backdrop.state = canvas.state;
+    backdrop.brushCount = editor.scene.brushCount();
+    backdrop.selected = SelectedBrushes(editor.scene);
+}
+
+void CopyArea(const Canvas& canvas, const QImage& from, const QSize& area) {
+    for (int y = 0; y < area.height(); ++y)
+        std::memcpy(canvas.raster.Row(y), from.constScanLine(y),
+                    static_cast<std::size_t>(area.width()) * sizeof(std::uint32_t));
 }
 
 /// The wedge of a level: it points at the ruler and opens to the right edge.
@@ -143,10 +215,21 @@ void DrawGaugeRuler(const Canvas& canvas, const VerticalRuler& ruler, int rulerW
 void PaintView(const Editor& editor, int view, PaintSurface& surface) {
     if (view < 0 || view >= kViewCount) return;
     const Canvas canvas = CanvasOf(editor, editor.views[static_cast<std::size_t>(view)], surface);
-    DrawColumns(canvas, true);
-    DrawRows(canvas);
-    DrawScene(canvas, view, editor.scene);
+    DrawBehindSelection(canvas, view, editor.scene);
+    DrawSelection(canvas, view, editor.scene, SelectedBrushes(editor.scene));
     if (editor.settings.showRulers) DrawRulers(canvas, view);
+}
+
+void PaintMoveStep(const Editor& editor, int view, PaintSurface& surface, Backdrop& backdrop) {
+    if (view < 0 || view >= kViewCount) return;
+    const Canvas canvas = CanvasOf(editor, editor.views[static_cast<std::size_t>(view)], surface);
+    if (Fits(backdrop, canvas, editor.scene)) {
+        CopyArea(canvas, backdrop.image, surface.image.size());
+    } else {
+        KeepBackdrop(editor, view, canvas, backdrop);
+    }
+    DrawSelection(canvas, view, editor.scene, backdrop.selected);
+    for (const QSize& area : backdrop.rulers) CopyArea(canvas, backdrop.image, area);
 }
 
 void PaintDepthGauge(const Editor& editor, PaintSurface& surface) {
@@ -159,6 +242,15 @@ void PaintDepthGauge(const Editor& editor, PaintSurface& surface) {
     DrawLevel(canvas, rulerWidth, editor.depthRange.HI, ColorItem::DepthGaugeHigh);
     DrawLevel(canvas, rulerWidth, editor.depthRange.LO, ColorItem::DepthGaugeLow);
     if (rulers) DrawGaugeRuler(canvas, ruler, rulerWidth);
+}
+
+void PaintReadOut(QPainter& painter, const ReadOut& readOut, Color color, const QFont& font) {
+    painter.setPen(ToQColor(color));
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    painter.drawText(RoundToInt(readOut.x),
+                     RoundToInt(readOut.y) - metrics.height() + metrics.ascent(),
+                     QString::fromStdString(readOut.text));
 }
 
 void PaintRubberBand(QPainter& painter, const RubberBand& band, Color color, const QFont& font) {

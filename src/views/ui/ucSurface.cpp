@@ -36,7 +36,12 @@ ucSurface::ucSurface(Editor& editor, ViewState& state, QWidget* parent)
 }
 
 void ucSurface::MarkDirty() {
-    dirty_ = true;
+    stale_ = Stale::Everything;
+    update();
+}
+
+void ucSurface::MarkSelectionDirty() {
+    if (stale_ == Stale::Nothing) stale_ = Stale::Selection;
     update();
 }
 
@@ -61,13 +66,17 @@ bool ucSurface::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-void ucSurface::paintEvent(QPaintEvent*) {
+void ucSurface::BringUpToDate() {
     const double ratio = devicePixelRatioF();
-    if (dirty_ || ratio != surface_.ratio) {
-        surface_.ratio = ratio;
-        Compose(surface_);
-        dirty_ = false;
-    }
+    if (ratio != surface_.ratio) stale_ = Stale::Everything;
+    surface_.ratio = ratio;
+    if (stale_ == Stale::Everything) Compose(surface_);
+    if (stale_ == Stale::Selection) ComposeSelection(surface_);
+    stale_ = Stale::Nothing;
+}
+
+void ucSurface::paintEvent(QPaintEvent*) {
+    BringUpToDate();
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.drawImage(0, 0, surface_.image);

@@ -18,11 +18,16 @@ class ucSurface : public QWidget {
     /// only what lies over it, call update().
     void MarkDirty();
 
+    /// The same where only the selected brushes and the rotation marker are out of date.
+    void MarkSelectionDirty();
+
     /// The picture as last composed.
     const QImage& Picture() const { return surface_.image; }
 
   protected:
     virtual void Compose(PaintSurface& surface) = 0;
+    /// Composes when only MarkSelectionDirty was called since the picture was composed.
+    virtual void ComposeSelection(PaintSurface& surface) { Compose(surface); }
     /// Draws what lies over the composed picture.
     virtual void PaintOverlay(QPainter& painter) { Q_UNUSED(painter) }
     virtual void Press(const MouseInput& mouse) = 0;
@@ -44,12 +49,15 @@ class ucSurface : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    enum class Stale { Nothing, Selection, Everything };
+
     void CancelGesture();
+    void BringUpToDate();
 
     Editor& editor_;
     ViewState& state_;
     PaintSurface surface_;
-    bool dirty_ = true;
+    Stale stale_ = Stale::Everything;  ///< what of the picture is out of date
     bool watching_ = false;  ///< a button is down: Escape anywhere in the program ends the gesture
 };
 

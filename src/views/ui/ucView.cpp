@@ -11,13 +11,24 @@ ucView::ucView(Editor& editor, int view, QWidget* parent)
 }
 
 void ucView::Compose(PaintSurface& surface) {
+    backdrop_ = {};
     PaintView(editor(), view_, surface);
 }
 
+void ucView::ComposeSelection(PaintSurface& surface) {
+    if (IsMovingSelection(editor())) {
+        PaintMoveStep(editor(), view_, surface, backdrop_);
+    } else {
+        Compose(surface);
+    }
+}
+
 void ucView::PaintOverlay(QPainter& painter) {
+    const Color color = editor().settings.colors[ColorItem::View2DSelectedBrushes];
     if (const auto band = CurrentRubberBand(editor(), view_))
-        PaintRubberBand(painter, *band, editor().settings.colors[ColorItem::View2DSelectedBrushes],
-                        font2D());
+        PaintRubberBand(painter, *band, color, font2D());
+    if (const auto readOut = CurrentReadOut(editor(), view_))
+        PaintReadOut(painter, *readOut, color, font2D());
 }
 
 void ucView::Press(const MouseInput& mouse) {

@@ -1,6 +1,7 @@
 // A 2D view of the scene: Top, Left or Front.
 #pragma once
 
+#include "views/ui/Backdrop.h"
 #include "views/ui/ucSurface.h"
 
 namespace korvane {
@@ -14,6 +15,7 @@ class ucView : public ucSurface {
 
   protected:
     void Compose(PaintSurface& surface) override;
+    void ComposeSelection(PaintSurface& surface) override;
     void PaintOverlay(QPainter& painter) override;
     void Press(const MouseInput& mouse) override;
     void Move(const MouseInput& mouse) override;
@@ -22,6 +24,7 @@ class ucView : public ucSurface {
 
   private:
     int view_;
+    Backdrop backdrop_;  ///< of the drag that moves the selection
 };
 
 }  // namespace korvane

@@ -1,0 +1,104 @@
+#include "editor/mUndo.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <optional>
+
+#include "base/NumberText.h"
+#include "editor/mFileOpenSave.h"
+#include "files/FileBuffer.h"
+#include "files/mObjectFile.h"
+
+namespace korvane {
+namespace {
+
+std::string CachePath(const Editor& editor, const std::string& name) {
+    return editor.programFolder + "/ObjCache/" + name;
+}
+
+/// Further attempts append digits to the fraction of the time.
+std::string SnapshotName(std::int32_t count, double seconds, int attempt) {
+    const std::string more = attempt > 0 ? FormatPadded(attempt, 4) : std::string();
+    return "$" + FormatPadded(count, 4) + "_" + FormatFixed(seconds, 2, 2) + more + "$.$kvuscache$";
+}
+
+/// Writes the scene to a file that did not exist before. A name still known to the session is not
+/// used either: its file may have been taken away from outside.
+std::optional<std::string> StoreSnapshot(const Editor& editor, std::int32_t count) {
+    constexpr int kAttempts = 10'000;
+    const auto bytes = EncodeObject(editor.scene, editor.textures, true);
+    const double seconds = editor.undo.clock();
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        std::string name = SnapshotName(count, seconds, attempt);
+        if (std::ranges::count(editor.undo.UndoNames, name) > 0) continue;
+        switch (CreateFile(CachePath(editor, name), bytes)) {
+            case Creation::Done:
+                return name;
+            case Creation::Failed:
+                return std::nullopt;
+            case Creation::Exists:
+                break;
+        }
+    }
+    return std::nullopt;
+}
+
+void TellFailureOnce(Editor& editor) {
+    if (editor.undo.failureTold) return;
+    editor.undo.failureTold = true;
+    editor.prompts.ShowMessage(
+        {"Error: Unable to save undo data!\r\n"
+         "Undo is not available for this step.",
+         "Error!", MessageIcon::Exclamation, MessageButtons::Ok});
+}
+
+void DropOldest(Editor& editor) {
+    UndoCache& undo = editor.undo;
+    DeleteFile(CachePath(editor, undo.UndoNames.front()));
+    std::ranges::rotate(undo.UndoNames, undo.UndoNames.begin() + 1);
+    --undo.UndoCount;
+}
+
+}  // namespace
+
+double SecondsSinceMidnight() {
+    using namespace std::chrono;
+    const auto now = system_clock::now();
+    const std::time_t whole = system_clock::to_time_t(now);
+    std::tm local{};
+    localtime_r(&whole, &local);
+    const duration<double> fraction = now - system_clock::from_time_t(whole);
+    return 3600.0 * local.tm_hour + 60.0 * local.tm_min + local.tm_sec + fraction.count();
+}
+
+void TakeUndoSnapshot(Editor& editor) {
+    editor.SceneModified = true;
+    UndoCache& undo = editor.undo;
+    const auto name = StoreSnapshot(editor, std::min(undo.UndoCount + 1, kUndoSteps));
+    if (!name) {
+        TellFailureOnce(editor);
+        return;
+    }
+    undo.failureTold = false;
+    if (undo.UndoCount == kUndoSteps) DropOldest(editor);  // only now: the new one is safe
+    undo.UndoNames[static_cast<std::size_t>(undo.UndoCount++)] = *name;
+}
+
+void Undo(Editor& editor) {
+    UndoCache& undo = editor.undo;
+    if (undo.UndoCount == 0) return;
+    const std::size_t newest = static_cast<std::size_t>(--undo.UndoCount);
+    const std::string path = CachePath(editor, undo.UndoNames[newest]);
+    LoadObject(editor, path, false, true, true);
+    DeleteFile(path);
+}
+
+void ClearUndoCache(Editor& editor) {
+    while (editor.undo.UndoCount > 0) {
+        const std::size_t newest = static_cast<std::size_t>(--editor.undo.UndoCount);
+        DeleteFile(CachePath(editor, editor.undo.UndoNames[newest]));
+    }
+}
+
+}  // namespace korvane

@@ -1,0 +1,283 @@
+// What stands behind the dialogs: free rotate, multiply, select; and the group-name box.
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "editor/mFreeRotate.h"
+#include "editor/mMultiply.h"
+#include "editor/mSelectDialog.h"
+#include "scene/mNormals.h"
+#include "scene/mSelection.h"
+#include "scene/mTransform.h"
+#include "support/SessionFixture.h"
+
+namespace korvane {
+namespace {
+
+using testing::ElementsAre;
+
+class EditDialogsTest : public test::SessionTest {
+  protected:
+    EditDialogsTest() { AddBox({1, 0, 0}, {2, 1, 1}).selected = true; }
+
+    void ExpectNear(const Vec3& a, const Vec3& b, const std::string& what = {}) {
+        EXPECT_LT(Distance(a, b), 1e-4) << what << " " << a.x << " " << a.y << " " << a.z;
+    }
+
+    Vec3 Corner(std::size_t brush) { return Brushes().at(brush).vertices[0].Position(); }
+
+    MultiplyBoxes Boxes(const char* count, std::array<const char*, 3> move,
+                        std::array<const char*, 3> rotate = {"0", "0", "0"}) {
+        MultiplyBoxes boxes;
+        boxes.count = count;
+        for (std::size_t i = 0; i < 3; ++i) {
+            boxes.move.texts[i] = move[i];
+            boxes.rotate.texts[i] = rotate[i];
+        }
+        UpdateDependentBoxes(boxes);
+        return boxes;
+    }
+};
+
+TEST_F(EditDialogsTest, TheMarkerIsShownWhileADialogIsOpen) {
+    OpenFreeRotate(editor);
+    EXPECT_TRUE(editor.scene.markerShown);
+    EXPECT_EQ(editor.scene.marker, (Vec3{1.5F, 0.5F, 0.5F}));
+    EXPECT_EQ(host.status[0], "Rotation Marker: X: 1.50  Y: 0.50  Z: 0.50");
+    EXPECT_EQ(host.redraws, RedrawAll);
+    editor.scene.marker = {7, 8, 9};
+    editor.settings.setMarker = false;
+    OpenMultiply(editor);
+    EXPECT_EQ(editor.scene.marker, (Vec3{7, 8, 9})) << "left where it was";
+    CloseFreeRotate(editor);
+    EXPECT_TRUE(editor.scene.markerShown) << "the other dialog still turns about it";
+    CloseMultiply(editor);
+    EXPECT_FALSE(editor.scene.markerShown);
+    EXPECT_EQ(host.status[0], "");
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+}
+
+TEST_F(EditDialogsTest, FreeRotationTurnsLikeTheMenuAndRemembersWhatWasTyped) {
+    const struct {
+        FreeRotateTexts typed;
+        Vec3 menu;  ///< angles of the menu's commands that do the same
+        Vec3 remembered;
+        FreeRotateTexts shownNext;
+    } rows[] = {
+        {{"370", "0", "0"}, {10, 0, 0}, {370, 0, 0}, {"370", "0", "0"}},
+        {{"-30", "", "x"}, {330, 0, 0}, {-30, 0, 0}, {"-30", "0", "0"}},
+        {{"0", "0", "90"}, {0, 0, -90}, {0, 0, 90}, {"0", "0", "90"}},
+        {{"0", "12.3456789", "-360"},
+         {0, 12.345679F, 0},
+         {0, 12.345679F, -360},
+         {"0", "12.345679", "-360"}},
+        {{"720", "1080", "0"}, {360, 360, 0}, {720, 1080, 0}, {"720", "1080", "0"}},
+    };
+    for (const auto& row : rows) {
+        Brushes().clear();
+        AddBox({1, 0, 0}, {2, 1, 1}).selected = true;
+        OpenFreeRotate(editor);
+        editor.scene.marker = {-4, 5, 6};  // far outside the selection
+        Editor byMenu(host, prompts);
+        byMenu.scene = editor.scene;
+        RotateSelection(byMenu.scene, row.menu.x, row.menu.y, row.menu.z, byMenu.Space());
+        const auto before = SceneBytes();
+        RunFreeRotate(editor, row.typed);
+        CloseFreeRotate(editor);
+        for (std::size_t v = 0; v < 8; ++v) {
+            ExpectNear(Brushes()[0].vertices[v].Position(),
+                       byMenu.scene.brushes[0].vertices[v].Position(), row.typed[0]);
+        }
+        EXPECT_EQ(editor.freeRotate, row.remembered);
+        EXPECT_EQ(OpenFreeRotate(editor), row.shownNext);
+        CloseFreeRotate(editor);
+        Run("mnuUndo");
+        EXPECT_EQ(SceneBytes(), before);
+        EXPECT_EQ(editor.undo.UndoCount, 0);
+    }
+}
+
+TEST_F(EditDialogsTest, AbsurdNumbersHarmNothing) {
+    for (const char* text : {"1e300", "-1e300", "99999999999999999999", "1e-300"}) {
+        OpenFreeRotate(editor);
+        RunFreeRotate(editor, {text, text, text});
+        CloseFreeRotate(editor);
+        EXPECT_TRUE(RunMultiply(editor, Boxes("2", {text, text, text}, {text, text, text})));
+        for (const Vertex& v : Brushes().back().vertices) EXPECT_TRUE(std::isfinite(v.x)) << text;
+        EXPECT_TRUE(RunMultiply(editor, Boxes("-3", {text, "", ""})));
+    }
+    EXPECT_EQ(Brushes().size(), 9U);
+}
+
+TEST_F(EditDialogsTest, BoxesDependOnTheTypedOnesAndTheCount) {
+    MultiplyBoxes boxes = Boxes("3.6", {"2", "-0.1", "junk"}, {"45", "0.3333337", "0"});
+    EXPECT_THAT(boxes.move.texts, ElementsAre("2", "-0.1", "junk", "6", "-0.3", "0"));
+    EXPECT_THAT(boxes.rotate.texts, ElementsAre("45", "0.3333337", "0", "135", "1.000001", "0"));
+    boxes.move.asTotals = true;
+    boxes.count = "4";
+    boxes.move.texts[3] = "10";
+    boxes.move.texts[4] = "1";
+    boxes.move.texts[5] = "-0.00001";
+    UpdateDependentBoxes(boxes);
+    EXPECT_THAT(boxes.move.texts, ElementsAre("2.5", "0.25", "-0.000002", "10", "1", "-0.00001"));
+    EXPECT_EQ(boxes.rotate.texts[3], "180") << "the other row goes its own way";
+    boxes.count = "0";
+    UpdateDependentBoxes(boxes);
+    EXPECT_THAT(boxes.move.texts, ElementsAre("0", "0", "0", "10", "1", "-0.00001"));
+    EXPECT_EQ(boxes.rotate.texts[3], "0");
+}
+
+TEST_F(EditDialogsTest, CopiesMakeARow) {
+    AddBox({1, 3, 0}, {2, 4, 1}).selected = true;
+    AddBox({8, 0, 0}, {9, 1, 1});
+    editor.scene.clipboard.resize(1);  // what was copied before is lost
+    const auto before = SceneBytes();
+    OpenMultiply(editor);
+    host.panelRefreshes = 0;
+    EXPECT_TRUE(RunMultiply(editor, Boxes("3", {"2", "0", "0"})));
+    CloseMultiply(editor);
+    EXPECT_EQ(Selected(), "000000011");
+    for (std::size_t i = 0; i < 3; ++i) {
+        const float x = 1 + 2 * static_cast<float>(i + 1);
+        EXPECT_EQ(BrushBounds(Brushes()[3 + 2 * i]), (Bounds{{x, 0, 0}, {x + 1, 1, 1}}));
+        EXPECT_EQ(BrushBounds(Brushes()[4 + 2 * i]), (Bounds{{x, 3, 0}, {x + 1, 4, 1}}));
+        EXPECT_EQ(Brushes()[3 + 2 * i].name,
+                  DefaultBrushName(static_cast<std::int32_t>(3 + 2 * i)));
+    }
+    Brush expected = Brushes()[8];
+    UpdateBrushNormals(expected);
+    UpdateTextureCoords(expected, editor.Space());
+    EXPECT_EQ(Brushes()[8].faces[0].uv, expected.faces[0].uv);
+    EXPECT_EQ(editor.scene.clipboardCount(), 0);
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    EXPECT_GE(host.panelRefreshes, 1);
+    const MultiplyBoxes next = OpenMultiply(editor);
+    EXPECT_EQ(next.count, "3");
+    EXPECT_THAT(next.move.texts, ElementsAre("2", "0", "0", "6", "0", "0"));
+    Run("mnuUndo");
+    EXPECT_EQ(SceneBytes(), before);
+}
+
+TEST_F(EditDialogsTest, TotalsPlaceTheLastCopy) {
+    editor.settings.snapToGrid = false;
+    MultiplyBoxes boxes = Boxes("4", {"0", "0", "0"});
+    boxes.move.asTotals = true;
+    boxes.move.texts[3] = "10";
+    UpdateDependentBoxes(boxes);
+    EXPECT_TRUE(RunMultiply(editor, boxes));
+    std::vector<float> places;
+    for (const Brush& brush : Brushes()) places.push_back(BrushBounds(brush).min.x);
+    EXPECT_THAT(places, ElementsAre(1, 3.5F, 6, 8.5F, 11));
+}
+
+TEST_F(EditDialogsTest, CopiesMakeARingAndASpiralAboutTheMarker) {
+    editor.settings.snapToGrid = false;
+    OpenMultiply(editor);
+    editor.scene.marker = {0, 0, 0};
+    const Vec3 corner = Corner(0);  // (1, 1, 0)
+    EXPECT_TRUE(RunMultiply(editor, Boxes("8", {"0", "0.5", "0"}, {"0", "45", "0"})));
+    ASSERT_EQ(Brushes().size(), 9U);
+    ExpectNear(Corner(2), {0, 2, -1}, "a quarter turn");
+    ExpectNear(Corner(4), {-1, 3, 0}, "half a turn");
+    ExpectNear(Corner(8), {corner.x, corner.y + 4, corner.z}, "a whole turn");
+    SelectOnly(editor.scene, 0);
+    EXPECT_TRUE(RunMultiply(editor, Boxes("1", {"0", "0", "0"}, {"0", "0", "90"})));
+    ExpectNear(Corner(9), {-1, 1, 0}, "Z turns as typed");
+}
+
+TEST_F(EditDialogsTest, WithSnapCopiesEndOnTheGrid) {
+    OpenMultiply(editor);
+    EXPECT_TRUE(RunMultiply(editor, Boxes("40", {"0.1234", "-0.777", "0"})));
+    for (const Brush& brush : Brushes()) {
+        for (const Vertex& v : brush.vertices) {
+            EXPECT_EQ(v.Position(), SnapToGrid(v.Position(), 0.1F));
+        }
+    }
+}
+
+TEST_F(EditDialogsTest, CountsRoundToTheNearestAndZeroStillCounts) {
+    editor.scene.clipboard.resize(1);
+    EXPECT_TRUE(RunMultiply(editor, Boxes("0", {"1", "0", "0"})));
+    EXPECT_EQ(Brushes().size(), 1U);
+    EXPECT_EQ(Selected(), "1");
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    EXPECT_EQ(editor.scene.clipboardCount(), 0);
+    EXPECT_TRUE(RunMultiply(editor, Boxes("3.6", {"1", "0", "0"})));
+    EXPECT_EQ(Brushes().size(), 5U);
+    EXPECT_EQ(editor.multiply.count, 4);
+}
+
+TEST_F(EditDialogsTest, MoreCopiesThanMemoryAreRefused) {
+    editor.scene.createShape = Sphere;
+    for (int i = 0; i < 4; ++i) {
+        CreateBrush(editor.scene, {0, 0, 0}, {1, 1, 1}, 64, editor.Space());
+        Brushes().back().selected = true;
+    }
+    EXPECT_FALSE(RunMultiply(editor, Boxes("99999", {"1", "0", "0"})));
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].title, "Error!");
+    EXPECT_EQ(Brushes().size(), 5U);
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+    EXPECT_EQ(editor.multiply.count, 0);
+}
+
+TEST_F(EditDialogsTest, ListsShowEachTextOnce) {
+    const std::int32_t brick = editor.textures.AddTexture("Brick.jpg", 64, 64);
+    const std::int32_t other = editor.textures.AddTexture("brick.bmp", 64, 64);
+    AddBox({0, 0, 0}, {1, 1, 1});
+    AddBox({0, 0, 0}, {1, 1, 1});
+    Brushes()[0].name = "Box";
+    Brushes()[1].name = "box";
+    Brushes()[1].group = "Wall";
+    Brushes()[2].group = "WALL";
+    Brushes()[2].faces[0].texture = brick;
+    Brushes()[2].faces[1].texture = other;
+    Brushes()[2].faces[2].texture = 99;
+    const SelectLists lists = ListsForSelecting(editor);
+    EXPECT_THAT(lists.groups, ElementsAre(" <Non-Grouped-Brushes> ", "Wall"));
+    EXPECT_THAT(lists.brushes, ElementsAre("Box", "Brush-0002"));
+    EXPECT_THAT(lists.textures, ElementsAre(" <Non-Textured> ", "Brick"));
+    const struct {
+        SelectChoice choice;
+        const char* selected;
+    } rows[] = {{{}, "000"},
+                {{{0}, {}, {}}, "100"},
+                {{{1}, {}, {}}, "011"},
+                {{{}, {0}, {}}, "110"},
+                {{{}, {}, {0}}, "111"},
+                {{{}, {}, {1}}, "001"},
+                {{{0}, {1}, {}}, "101"}};
+    for (const auto& row : rows) {
+        UnselectAllBrushes(editor.scene);
+        SelectListed(editor, lists, row.choice);
+        EXPECT_EQ(Selected(), row.selected);
+    }
+    EXPECT_EQ(host.panelRefreshes, 7);
+}
+
+TEST_F(EditDialogsTest, SelectingAddsAndTakesTheDepth) {
+    AddBox({0, -2, 0}, {1, 3, 1}).group = "deep";
+    SelectListed(editor, ListsForSelecting(editor), {{1}, {}, {}});
+    EXPECT_EQ(Selected(), "11");
+    EXPECT_EQ(editor.depthRange.LO, -2);
+    EXPECT_EQ(editor.depthRange.HI, 3);
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+}
+
+TEST_F(EditDialogsTest, TheGroupBoxSetsTheGroupOfTheSelection) {
+    AddBox({0, 0, 0}, {1, 1, 1}).group = "stays";
+    SetGroupOfSelection(editor, "wall");
+    EXPECT_EQ(Brushes()[0].group, "wall");
+    EXPECT_EQ(Brushes()[1].group, "stays");
+    EXPECT_TRUE(editor.SceneModified);
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+    EXPECT_EQ(host.redrawRequests, 0);
+    editor.SceneModified = false;
+    SetGroupOfSelection(editor, "wall");
+    EXPECT_FALSE(editor.SceneModified) << "nothing changed";
+    SetGroupOfSelection(editor, "");
+    EXPECT_EQ(Brushes()[0].group, "");
+}
+
+}  // namespace
+}  // namespace korvane

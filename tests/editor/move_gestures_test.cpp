@@ -1,0 +1,300 @@
+// Picking and dragging in the 2D views as the mouse does it: what changes, what is redrawn, what
+// can be undone.
+#include <gmock/gmock.h>
+
+#include <cstring>
+#include <random>
+
+#include "scene/mNormals.h"
+#include "support/SessionFixture.h"
+
+namespace korvane {
+namespace {
+
+using test::Left;
+using test::Right;
+
+class MoveGesturesTest : public test::SessionTest {
+  protected:
+    Brush& AddSelected(const Vec3& min, const Vec3& max) {
+        Brush& brush = AddBox(min, max);
+        brush.selected = true;
+        return brush;
+    }
+
+    Bounds BoundsOf(std::size_t brush) const { return BrushBounds(editor.scene.brushes.at(brush)); }
+
+    /// The selected vertices of a brush, as "1" and "0".
+    std::string Flags(std::size_t brush) const {
+        std::string flags;
+        for (const Vertex& v : editor.scene.brushes.at(brush).vertices)
+            flags += v.selected ? '1' : '0';
+        return flags;
+    }
+};
+
+TEST_F(MoveGesturesTest, ADragMovesTheSelectionInEveryView) {
+    const struct {
+        int view;
+        MouseInput to;
+        Vec3 by;
+    } cases[] = {{TopView, Left(360, 390), {2, 0, 3}},
+                 {LeftView, Left(280, 70), {0, 1, 1}},
+                 {FrontView, Left(120, 166), {-1, -0.2F, 0}}};
+    for (const auto& c : cases) {
+        Brushes().clear();
+        AddSelected({0, 0, 0}, {1, 1, 1});
+        AddBox({0, 0, 0}, {1, 1, 1});
+        Drag(c.view, Left(200, 150), c.to);
+        EXPECT_EQ(BoundsOf(0), (Bounds{c.by, {1 + c.by.x, 1 + c.by.y, 1 + c.by.z}})) << c.view;
+        EXPECT_EQ(BoundsOf(1), (Bounds{{0, 0, 0}, {1, 1, 1}}));
+        EXPECT_EQ(Brushes().size(), 2U) << "nothing is created";
+        Brush expected = Brushes()[0];
+        UpdateTextureCoords(expected, editor.Space());
+        EXPECT_EQ(Brushes()[0].faces[2].uv, expected.faces[2].uv);
+    }
+    EXPECT_EQ(editor.undo.UndoCount, 3);
+}
+
+TEST_F(MoveGesturesTest, OneDragIsOneUndoStepTakenAtThePress) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    const auto before = SceneBytes();
+    PressView(editor, TopView, Left(200, 150));
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    EXPECT_TRUE(Enabled("mnuUndo"));
+    EXPECT_EQ(host.commandStateRefreshes, 1);
+    for (int x = 210; x < 300; x += 10) MoveOverView(editor, TopView, Left(float(x), 150));
+    ReleaseView(editor, TopView, Left(290, 150));
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    EXPECT_NE(SceneBytes(), before);
+    Run("mnuUndo");
+    EXPECT_EQ(SceneBytes(), before);
+}
+
+TEST_F(MoveGesturesTest, AStepAsksOnlyForWhatMoves) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove}) {
+        editor.scene.editMode = mode;
+        EXPECT_FALSE(IsMovingSelection(editor));
+        PressView(editor, TopView, Left(200, 150));
+        EXPECT_TRUE(IsMovingSelection(editor));
+        host.redraws = 0;
+        MoveOverView(editor, TopView, Left(220, 150));
+        EXPECT_EQ(host.redraws, RedrawMoveStep);
+        ReleaseView(editor, TopView, Left(220, 150));
+        EXPECT_EQ(host.redraws & RedrawAll, RedrawAll);
+        EXPECT_FALSE(IsMovingSelection(editor));
+    }
+    editor.scene.editMode = FaceEdit;
+    host.redraws = 0;
+    PressView(editor, TopView, Left(200, 150));
+    MoveOverView(editor, TopView, Left(220, 150));
+    EXPECT_FALSE(IsMovingSelection(editor));
+    EXPECT_EQ(host.redraws, 0U);
+    EXPECT_EQ(editor.undo.UndoCount, 3);
+}
+
+TEST_F(MoveGesturesTest, WithSnapADragTakesWholeStepsOnly) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    Drag(TopView, Left(203, 150), Left(203 + 27, 150));  // 0.34 units
+    const float moved = BoundsOf(0).min.x;
+    EXPECT_TRUE(moved == 0.3F || moved == 0.4F) << moved;
+    // A press halfway between two steps, in the hidden axis too, is no step by itself.
+    editor.gesture.dragStart = {0, 0.05F, 0};
+    Drag(TopView, Left(204, 154), Left(205, 154));
+    EXPECT_EQ(BoundsOf(0).min, (Vec3{moved, 0, 0}));
+    editor.settings.snapToGrid = false;
+    Drag(TopView, Left(200, 150), Left(201, 150));
+    EXPECT_FLOAT_EQ(BoundsOf(0).min.x, moved + 0.0125F);
+}
+
+TEST_F(MoveGesturesTest, AClickMovesNothing) {
+    AddSelected({0.03F, 0.03F, 0.03F}, {1, 1, 1});
+    const auto before = SceneBytes();
+    PressView(editor, TopView, Left(203, 153));
+    MoveOverView(editor, TopView, Left(203, 153));  // repeated position of the press
+    ReleaseView(editor, TopView, Left(203, 153));
+    EXPECT_EQ(SceneBytes(), before) << "not even onto the grid";
+}
+
+TEST_F(MoveGesturesTest, ADragOutAndBackLeavesEveryVertexWhereItWas) {
+    std::mt19937 random(11);
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    for (const float snap : {0.1F, 0.25F, 0.01F, 0.3F, 0.125F, 0.025F}) {
+        editor.settings.snapSize = snap;
+        for (int run = 0; run < 60; ++run) {
+            Brushes().clear();
+            Brush& brush = AddSelected({0, 0, 0}, {1, 1, 1});
+            for (Vertex& v : brush.vertices) {
+                v.MoveTo(SnapToGrid({pick(-900, 900) * 0.1F, pick(-90, 90) * 1.0F, v.z}, snap));
+            }
+            const std::vector<Vertex> start = brush.vertices;
+            const int view = run % 3;
+            for (ViewState& state : editor.views) state.zoom = pick(10, 500);
+            editor.scene.editMode = run % 2 == 0 ? BrushMove : VertexMove;
+            for (Vertex& v : brush.vertices) v.selected = run % 4 == 1;
+            const MouseInput press = Left(float(pick(0, 399)), float(pick(0, 299)));
+            editor.gesture.dragStart = {pick(-99, 99) * 0.05F, pick(-99, 99) * 0.05F, 0.05F};
+            PressView(editor, view, press);
+            for (int i = 0; i < 20; ++i) {
+                MoveOverView(editor, view, Left(float(pick(-99, 499)), float(pick(-99, 399))));
+            }
+            MoveOverView(editor, view, press);
+            ReleaseView(editor, view, press);
+            for (std::size_t v = 0; v < start.size(); ++v) {
+                const Vec3 a = start[v].Position(), b = Brushes()[0].vertices[v].Position();
+                ASSERT_EQ(std::memcmp(&a, &b, sizeof a), 0) << snap << " run " << run;
+            }
+        }
+    }
+}
+
+TEST_F(MoveGesturesTest, CtrlPicksBrushesAndTakesTheirDepth) {
+    AddBox({0, -1, 0}, {1, 3, 1});
+    AddBox({2, 0, 0}, {3, 1, 1});
+    Click(TopView, Left(240, 190, CtrlKey));  // (0.5, 0.5)
+    EXPECT_EQ(Selected(), "10");
+    EXPECT_EQ(editor.depthRange.LO, -1);
+    EXPECT_EQ(editor.depthRange.HI, 3);
+    EXPECT_GE(host.panelRefreshes, 1);
+    Click(TopView, Left(400, 190, CtrlKey));
+    EXPECT_EQ(Selected(), "11");
+    Click(TopView, Left(240, 190, CtrlKey));
+    EXPECT_EQ(Selected(), "01");
+    Click(TopView, Left(360, 190, CtrlKey));  // x = 2, on the edge
+    Click(TopView, Left(10, 10, CtrlKey));
+    EXPECT_EQ(Selected(), "01");
+    Click(TopView, Left(240, 190, CtrlKey | ShiftKey));
+    EXPECT_EQ(Selected(), "01") << "Ctrl alone picks";
+    EXPECT_EQ(editor.undo.UndoCount, 6);
+    for (int i = 0; i < 6; ++i) Run("mnuUndo");
+    EXPECT_EQ(Selected(), "00");
+}
+
+TEST_F(MoveGesturesTest, ACtrlDragMovesWhatItPicksInOneUndoStep) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    const auto before = SceneBytes();
+    Drag(TopView, Left(240, 190, CtrlKey), Left(320, 190, CtrlKey));
+    EXPECT_EQ(BoundsOf(0).min.x, 1);
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    Run("mnuUndo");
+    EXPECT_EQ(SceneBytes(), before);
+}
+
+TEST_F(MoveGesturesTest, VerticesAreAddedRemovedAndDragged) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    editor.scene.editMode = VertexMove;
+    Click(TopView, Left(200, 150));
+    Click(TopView, Left(280, 150));
+    EXPECT_EQ(Flags(0), "10011001") << "the second click added";
+    Click(TopView, Left(200, 150, CtrlKey));
+    EXPECT_EQ(Flags(0), "00010001");
+    Click(TopView, Left(240, 200));
+    EXPECT_EQ(Flags(0), "00010001") << "a click beside all clears nothing";
+    const auto before = SceneBytes();
+    Drag(FrontView, Left(280, 70), Left(296, 70));  // (1, 1): picks the vertices behind as well
+    EXPECT_EQ(Flags(0), "00110001");
+    EXPECT_EQ(BoundsOf(0), (Bounds{{0, 0, 0}, {1.2F, 1, 1}}));
+    EXPECT_NE(Brushes()[0].faces[8].normal, (Vec3{1, 0, 0})) << "normals follow";
+    Run("mnuUndo");
+    EXPECT_EQ(SceneBytes(), before);
+}
+
+TEST_F(MoveGesturesTest, EdgesAreAddedRemovedAndDragged) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    editor.scene.editMode = EdgeMove;
+    Click(TopView, Left(240, 150));  // the edges z = 0, top and bottom
+    EXPECT_EQ(Flags(0), "10011001");
+    Click(TopView, Left(240, 230));
+    EXPECT_EQ(Flags(0), "11111111");
+    Click(TopView, Left(240, 150, CtrlKey));
+    EXPECT_EQ(Flags(0), "01100110");
+    Drag(TopView, Left(240, 230), Left(240, 270));
+    EXPECT_EQ(BoundsOf(0), (Bounds{{0, 0, 0}, {1, 1, 1.5F}}));
+    for (int i = 0; i < 4; ++i) Run("mnuUndo");
+    EXPECT_EQ(BoundsOf(0), (Bounds{{0, 0, 0}, {1, 1, 1}}));
+}
+
+TEST_F(MoveGesturesTest, EdgeAndVertexDragsReadOutTheCursor) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove}) {
+        editor.scene.editMode = mode;
+        PressView(editor, TopView, Left(200, 150));
+        EXPECT_FALSE(CurrentReadOut(editor, TopView));
+        MoveOverView(editor, TopView, Left(241, 150));
+        const auto readOut = CurrentReadOut(editor, TopView);
+        EXPECT_EQ(readOut.has_value(), mode != BrushMove);
+        EXPECT_FALSE(CurrentReadOut(editor, LeftView));
+        if (readOut) {
+            EXPECT_EQ(readOut->text, "0.5 x 0.0 x 0.0");
+            EXPECT_NEAR(readOut->x, 240, 1e-4);
+            EXPECT_NEAR(readOut->y, 150, 1e-4);
+        }
+        EXPECT_EQ(host.status[2], "X: 0.50");
+        ReleaseView(editor, TopView, Left(241, 150));
+        EXPECT_FALSE(CurrentReadOut(editor, TopView));
+    }
+}
+
+TEST_F(MoveGesturesTest, TheMarkerIsDraggedInPlaceOfEverythingElse) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    const auto before = SceneBytes();
+    editor.scene.markerShown = true;
+    editor.scene.marker = {0.52F, 0.5F, 0.5F};
+    PressView(editor, FrontView, Left(203, 150));
+    EXPECT_TRUE(IsMovingSelection(editor));
+    MoveOverView(editor, FrontView, Left(283, 70));
+    EXPECT_EQ(editor.scene.marker, (Vec3{1.5F, 1.5F, 0.5F}));
+    EXPECT_EQ(host.status[0], "Rotation Marker: X: 1.50  Y: 1.50  Z: 0.50");
+    EXPECT_EQ(host.redraws, RedrawMoveStep);
+    MoveOverView(editor, FrontView, Left(203, 150));
+    EXPECT_EQ(editor.scene.marker, (Vec3{0.5F, 0.5F, 0.5F})) << "onto the grid";
+    editor.settings.snapToGrid = false;
+    MoveOverView(editor, FrontView, Left(207, 150));
+    ReleaseView(editor, FrontView, Left(207, 150));
+    EXPECT_FLOAT_EQ(editor.scene.marker.x, 0.52F + 7 / 80.0F);
+    EXPECT_EQ(SceneBytes(), before);
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+}
+
+TEST_F(MoveGesturesTest, ACancelledDragStandsAsFarAsItWent) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    const auto before = SceneBytes();
+    PressView(editor, TopView, Left(200, 150));
+    MoveOverView(editor, TopView, Left(280, 150));
+    const auto dragged = SceneBytes();
+    host.redraws = 0;
+    CancelViewGesture(editor);
+    EXPECT_EQ(host.redraws, RedrawAll);
+    MoveOverView(editor, TopView, Left(360, 150));
+    ReleaseView(editor, TopView, Left(360, 150));
+    EXPECT_EQ(SceneBytes(), dragged);
+    EXPECT_EQ(editor.undo.UndoCount, 1);
+    Run("mnuUndo");
+    EXPECT_EQ(SceneBytes(), before);
+}
+
+TEST_F(MoveGesturesTest, ACommandInTheMiddleOfADragEndsIt) {
+    const char* const commands[] = {"mnuUndo",       "mnuDelete", "mnuUnSelect",
+                                    "mnuModeVertex", "mnuFlipX",  "mnuNew",
+                                    "mnuRotY",       "mnuInvert", "mnuModeFace"};
+    editor.settings.warnings.fill(false);
+    for (const char* command : commands) {
+        Brushes().clear();
+        editor.scene.editMode = BrushMove;
+        AddSelected({0, 0, 0}, {1, 1, 1});
+        PressView(editor, TopView, Left(200, 150));
+        MoveOverView(editor, TopView, Left(280, 150));
+        Run(command);
+        const auto after = SceneBytes();
+        EXPECT_FALSE(IsMovingSelection(editor)) << command;
+        MoveOverView(editor, TopView, Left(360, 150));
+        ReleaseView(editor, TopView, Left(360, 150));
+        EXPECT_EQ(SceneBytes(), after) << command;
+    }
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,241 @@
+// Thousands of random commands and gestures. After each the scene's invariants hold, and undoing
+// them brings the scene back to the byte.
+//
+// KORVANE_RANDOM_SEED and KORVANE_RANDOM_STEPS choose another run than the usual one.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <random>
+
+#include "editor/mFreeRotate.h"
+#include "editor/mMultiply.h"
+#include "editor/mSelectDialog.h"
+#include "editor/mTextureCommands.h"
+#include "editor/mUndo.h"
+#include "scene/mNormals.h"
+#include "scene/mSelection.h"
+#include "support/SessionFixture.h"
+
+namespace korvane {
+namespace {
+
+unsigned FromEnvironment(const char* name, unsigned usual) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? static_cast<unsigned>(std::strtoul(value, nullptr, 10)) : usual;
+}
+
+class RandomEditingTest : public test::SessionTest {
+  protected:
+    RandomEditingTest() {
+        editor.textures.AddTexture("brick.jpg", 256, 128);
+        editor.textures.AddTexture("sand.tga", 512, 512);
+        editor.depthRange = {1, 0};
+    }
+
+    int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
+    bool Chance(int percent) { return Pick(1, 100) <= percent; }
+
+    MouseInput Mouse(MouseButton button) {
+        static constexpr unsigned kModifiers[] = {NoModifier, NoModifier, NoModifier,
+                                                  CtrlKey,    CtrlKey,    ShiftKey};
+        return {button, kModifiers[Pick(0, 5)], static_cast<float>(Pick(0, 399)),
+                static_cast<float>(Pick(0, 299))};
+    }
+
+    /// A corner of a selected brush, so that picks meet something.
+    MouseInput MouseAtAVertex(int view, MouseButton button) {
+        MouseInput mouse = Mouse(button);
+        if (Brushes().empty()) return mouse;
+        const Brush& brush =
+            Brushes()[static_cast<std::size_t>(Pick(0, editor.scene.brushCount() - 1))];
+        const auto last = static_cast<int>(brush.vertices.size()) - 1;
+        const Vec3 a = brush.vertices[static_cast<std::size_t>(Pick(0, last))].Position();
+        const Vec3 b = brush.vertices[static_cast<std::size_t>(Pick(0, last))].Position();
+        const ScreenPoint at =
+            WorldToScreen(editor.views[view], view, Chance(50) ? a : Midpoint(a, b));
+        mouse.x = static_cast<float>(at.x);
+        mouse.y = static_cast<float>(at.y);
+        return mouse;
+    }
+
+    void Gesture() {
+        const int view = Pick(0, 2);
+        const MouseButton button = Chance(90) ? MouseButton::Left : MouseButton::Right;
+        MouseInput mouse = Chance(50) ? MouseAtAVertex(view, button) : Mouse(button);
+        PressView(editor, view, mouse);
+        const int steps = Pick(0, 4);
+        for (int i = 0; i < steps; ++i) {
+            mouse.x += static_cast<float>(Pick(-40, 40));
+            mouse.y += static_cast<float>(Pick(-40, 40));
+            MoveOverView(editor, view, mouse);
+            CheckScene();
+        }
+        if (Chance(10)) CancelViewGesture(editor);
+        ReleaseView(editor, view, mouse);
+    }
+
+    void MenuCommand() {
+        static constexpr const char* kCommands[] = {
+            "mnuCopy",      "mnuPaste",      "mnuUnSelect",     "mnuDelete",    "mnuRotX",
+            "mnuRotXc",     "mnuRotY",       "mnuRotYc",        "mnuRotZ",      "mnuRotZc",
+            "mnuFlipX",     "mnuFlipY",      "mnuFlipZ",        "mnuInvert",    "mnuModeBrush",
+            "mnuModeFace",  "mnuModeEdge",   "mnuModeVertex",   "mnuModeBrush", "mnuSnap",
+            "mnuCreateBox", "mnuCreateCone", "mnuCreateSphere", "mnuSize3",     "mnuSize4",
+            "mnuSize5",     "mnuSize8",      "mnuUnSelect",     "mnuCreateBox"};
+        const char* name = kCommands[Pick(0, static_cast<int>(std::size(kCommands)) - 1)];
+        if (Enabled(name)) Run(name);
+    }
+
+    std::string Number() { return std::to_string(Pick(-40, 40) * 0.25); }
+
+    void Dialog() {
+        switch (Pick(0, 3)) {
+            case 0:
+                OpenFreeRotate(editor);
+                Drag(Pick(0, 2), Mouse(MouseButton::Left), Mouse(MouseButton::Left));
+                RunFreeRotate(editor, {Number(), Number(), Number()});
+                CloseFreeRotate(editor);
+                break;
+            case 1: {
+                MultiplyBoxes boxes = OpenMultiply(editor);
+                boxes.count = std::to_string(Pick(0, 3));
+                boxes.move.texts = {Number(), Number(), Number(), "", "", ""};
+                boxes.rotate.texts = {Number(), "0", Number(), "", "", ""};
+                if (editor.scene.brushCount() < 20) RunMultiply(editor, boxes);
+                CloseMultiply(editor);
+                break;
+            }
+            case 2: {
+                const SelectLists lists = ListsForSelecting(editor);
+                SelectChoice choice;
+                if (!lists.brushes.empty()) {
+                    choice.brushes = {static_cast<std::size_t>(
+                        Pick(0, static_cast<int>(lists.brushes.size()) - 1))};
+                }
+                SelectListed(editor, lists, choice);
+                break;
+            }
+            default:
+                TextureClicked(editor, Pick(0, 2));
+        }
+    }
+
+    void Step() {
+        const int kind = Pick(1, 100);
+        if (editor.scene.brushCount() > kMostBrushes) {
+            const bool all = CountSelectedBrushes(editor.scene) == editor.scene.brushCount();
+            for (Brush& brush : Brushes()) brush.selected = true;
+            if (all) Run("mnuDelete");
+        } else if (kind <= 55) {
+            Gesture();
+        } else if (kind <= 90) {
+            MenuCommand();
+        } else {
+            Dialog();
+        }
+    }
+
+    void CheckBrush(const Brush& brush) {
+        const auto count = static_cast<std::int32_t>(brush.vertices.size());
+        for (const Vertex& v : brush.vertices) {
+            ASSERT_TRUE(std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z));
+        }
+        for (const BrushFace& face : brush.faces) {
+            for (const std::int32_t i : {face.a, face.b, face.c}) ASSERT_TRUE(i >= 0 && i < count);
+            const double length = Dot(face.normal, face.normal);
+            ASSERT_TRUE(length == 0 || std::fabs(length - 1) < 1e-5) << length;
+            const auto at = [&](std::int32_t i) {
+                return brush.vertices[static_cast<std::size_t>(i)].Position();
+            };
+            ASSERT_EQ(face.normal, FaceNormal(at(face.a), at(face.b), at(face.c))) << "stale";
+        }
+        Brush mapped = brush;
+        UpdateTextureCoords(mapped, editor.Space());
+        for (std::size_t f = 0; f < brush.faces.size(); ++f) {
+            ASSERT_EQ(brush.faces[f].uv, mapped.faces[f].uv) << "stale";
+        }
+        if (brush.shape == Box) CheckRings(brush);
+    }
+
+    /// The caps of a box lie in its two rings, one each.
+    void CheckRings(const Brush& box) {
+        const auto n = static_cast<std::int32_t>(box.vertices.size()) / 2;
+        ASSERT_EQ(box.vertices.size(), static_cast<std::size_t>(2 * n));
+        ASSERT_EQ(box.faces.size(), static_cast<std::size_t>(4 * n - 4));
+        for (const BrushFace& face : box.faces) {
+            for (const std::int32_t corner : {face.a, face.b, face.c}) {
+                ASSERT_TRUE(face.polygonId > 2 || corner / n == face.polygonId - 1);
+            }
+        }
+    }
+
+    static double Dot(const Vec3& a, const Vec3& b) {
+        return double{a.x} * b.x + double{a.y} * b.y + double{a.z} * b.z;
+    }
+
+    void CheckScene() {
+        std::int32_t index = 0;
+        for (const Brush& brush : editor.scene.brushes) {
+            ASSERT_EQ(brush.name, DefaultBrushName(index++));
+            ASSERT_NO_FATAL_FAILURE(CheckBrush(brush));
+        }
+        ASSERT_EQ(bool{editor.scene.markerShown}, editor.markerForms > 0);
+    }
+
+    test::Bytes BytesWithoutSelection() const {
+        return EncodeObject(editor.scene, editor.textures, false);
+    }
+
+    /// One step, which takes at most one snapshot; without one it changes no more than the
+    /// selection.
+    void CheckedStep() {
+        const std::int32_t snapshots = editor.undo.UndoCount;
+        const test::Bytes before = SceneBytes();
+        const test::Bytes unselected = BytesWithoutSelection();
+        Step();
+        ASSERT_NO_FATAL_FAILURE(CheckScene());
+        if (editor.undo.UndoCount == snapshots) {
+            ASSERT_EQ(BytesWithoutSelection(), unselected) << "changed without a snapshot";
+            return;
+        }
+        ASSERT_EQ(editor.undo.UndoCount, snapshots + 1);
+        states_.push_back(before);
+    }
+
+    /// Goes back through all steps of the chain, then on from where it had come to.
+    void UndoChain() {
+        const Scene reached = editor.scene;
+        for (; !states_.empty(); states_.pop_back()) {
+            Run("mnuUndo");
+            ASSERT_TRUE(SceneBytes() == states_.back()) << states_.size() << " steps left";
+            ASSERT_NO_FATAL_FAILURE(CheckScene());
+        }
+        ASSERT_EQ(editor.undo.UndoCount, 0);
+        editor.scene = reached;
+    }
+
+    std::vector<test::Bytes> states_;  ///< the scene before each snapshot of the chain
+    std::mt19937 random_;
+
+  private:
+    static constexpr std::int32_t kMostBrushes = 30;
+};
+
+TEST_F(RandomEditingTest, EveryStepKeepsTheInvariantsAndCanBeUndone) {
+    const unsigned seed = FromEnvironment("KORVANE_RANDOM_SEED", 20);
+    const unsigned steps = FromEnvironment("KORVANE_RANDOM_STEPS", 4000);
+    random_.seed(seed);
+    editor.settings.warnings.fill(false);
+    for (unsigned step = 1; step <= steps; ++step) {
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(step));
+        ASSERT_NO_FATAL_FAILURE(CheckedStep());
+        if (std::ssize(states_) < kUndoSteps && step < steps) continue;
+        ASSERT_NO_FATAL_FAILURE(UndoChain());
+    }
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
+}  // namespace
+}  // namespace korvane

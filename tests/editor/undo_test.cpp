@@ -1,0 +1,201 @@
+// Undo snapshots: the stack, the names of its files, two sessions in one folder, a full disk.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "editor/mFileOpenSave.h"
+#include "editor/mUndo.h"
+#include "support/FileSizeLimit.h"
+#include "support/SessionFixture.h"
+
+namespace korvane {
+namespace {
+
+using test::Bytes;
+using test::FileBytes;
+
+double StandingClock() {
+    return 45296.27;
+}
+
+class UndoTest : public test::SessionTest {
+  protected:
+    /// A change in one undo step: the only brush moves on by one unit.
+    void Change() {
+        TakeUndoSnapshot(editor);
+        for (Vertex& v : Brushes().at(0).vertices) v.x += 1;
+    }
+
+    float Place() const { return editor.scene.brushes.at(0).vertices[0].x; }
+
+    std::vector<std::string> Names() const {
+        const auto& names = editor.undo.UndoNames;
+        return {names.begin(), names.begin() + editor.undo.UndoCount};
+    }
+
+    std::string InCache(const std::string& name) { return folder.Path("ObjCache/" + name); }
+};
+
+TEST_F(UndoTest, BringsBackBrushesAndSelectionAndNothingElse) {
+    AddBox({0, 0, 0}, {1, 1, 1}).group = "wall";
+    AddBox({2, 0, 0}, {3, 1, 1});
+    Brushes()[1].selected = true;
+    Brushes()[1].faces[3].selected = true;
+    Brushes()[1].faces[2].smooth = 1;
+    editor.CurrentObjectPath = "mine.kvobject";
+    editor.currentFileForeign = true;
+    editor.scene.editMode = EdgeMove;
+    const Bytes before = SceneBytes();
+    TakeUndoSnapshot(editor);
+    EXPECT_TRUE(editor.SceneModified);
+    EXPECT_EQ(SceneBytes(), before);
+    editor.scene.clipboard = Brushes();
+    Brushes().pop_back();
+    Undo(editor);
+    EXPECT_EQ(SceneBytes(), before);
+    EXPECT_TRUE(editor.scene.clipboard.empty());
+    EXPECT_TRUE(editor.SceneModified) << "even back at the saved state";
+    EXPECT_EQ(editor.CurrentObjectPath, "mine.kvobject");
+    EXPECT_TRUE(editor.currentFileForeign);
+    EXPECT_EQ(editor.scene.editMode, EdgeMove);
+    EXPECT_EQ(SnapshotFiles(), 0);
+    EXPECT_TRUE(prompts.messages.empty());
+    Undo(editor);
+    EXPECT_EQ(SceneBytes(), before) << "without a snapshot nothing changes";
+}
+
+TEST_F(UndoTest, FiftyStepsAreKept) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    for (int i = 0; i < 53; ++i) Change();
+    EXPECT_EQ(editor.undo.UndoCount, 50);
+    EXPECT_EQ(SnapshotFiles(), 50);
+    for (int i = 52; i >= 3; --i) {
+        Undo(editor);
+        EXPECT_EQ(Place(), static_cast<float>(i));
+    }
+    Undo(editor);
+    EXPECT_EQ(Place(), 3) << "the oldest three were dropped";
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
+TEST_F(UndoTest, NamesAreUniqueWhenTheClockStands) {
+    editor.undo.clock = StandingClock;
+    AddBox({0, 0, 0}, {1, 1, 1});
+    Change();
+    EXPECT_THAT(Names(), testing::ElementsAre("$0001_45296.27$.$kvuscache$"));
+    for (int i = 1; i < 120; ++i) Change();
+    std::vector<std::string> names = Names();
+    for (const std::string& name : names) {
+        EXPECT_THAT(name, testing::MatchesRegex("\\$00[0-9][0-9]_[0-9.]+\\$\\.\\$kvuscache\\$"));
+    }
+    std::ranges::sort(names);
+    EXPECT_EQ(std::ranges::unique(names).begin(), names.end());
+    for (int i = 119; i >= 70; --i) {
+        Undo(editor);
+        EXPECT_EQ(Place(), static_cast<float>(i));
+    }
+}
+
+TEST_F(UndoTest, ANameInASlotIsNotUsedAgain) {
+    editor.undo.clock = StandingClock;
+    AddBox({0, 0, 0}, {1, 1, 1});
+    for (int i = 0; i < 51; ++i) Change();
+    for (const std::string& name : Names()) std::filesystem::remove(InCache(name));
+    Change();
+    std::vector<std::string> names = Names();
+    std::ranges::sort(names);
+    EXPECT_EQ(std::ranges::unique(names).begin(), names.end());
+}
+
+TEST_F(UndoTest, TwoSessionsShareTheFolder) {
+    Editor other{host, prompts};
+    other.programFolder = folder.Path();
+    for (Editor* session : {&editor, &other}) session->undo.clock = StandingClock;
+    AddBox({0, 0, 0}, {1, 1, 1});
+    CreateBrush(other.scene, {5, 0, 0}, {6, 1, 1}, 4, other.Space());
+    for (int i = 0; i < 60; ++i) {
+        Change();
+        TakeUndoSnapshot(other);
+        for (Vertex& v : other.scene.brushes.at(0).vertices) v.x += 1;
+    }
+    EXPECT_EQ(SnapshotFiles(), 100);
+    ClearUndoCache(other);
+    EXPECT_EQ(SnapshotFiles(), 50);
+    for (int i = 0; i < 50; ++i) Undo(editor);
+    EXPECT_EQ(Place(), 10);
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
+TEST_F(UndoTest, AFullDiskIsToldOnceAndTheEditGoesOn) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    for (int i = 0; i < 50; ++i) Change();
+    const std::vector<std::string> names = Names();
+    {
+        const test::FileSizeLimit full(100);
+        Change();
+        Change();
+    }
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].title, "Error!");
+    EXPECT_EQ(prompts.messages[0].text,
+              "Error: Unable to save undo data!\r\nUndo is not available for this step.");
+    EXPECT_EQ(Place(), 52);
+    EXPECT_EQ(Names(), names) << "nothing was dropped for what could not be written";
+    EXPECT_EQ(SnapshotFiles(), 50) << "no part of a snapshot is left";
+    Change();
+    EXPECT_NE(Names(), names);
+    std::filesystem::permissions(folder.Path("ObjCache"), std::filesystem::perms::none);
+    std::filesystem::rename(folder.Path("ObjCache"), folder.Path("gone"));
+    Change();
+    EXPECT_EQ(prompts.messages.size(), 2U) << "told again after it had worked";
+}
+
+TEST_F(UndoTest, AnUnreadableSnapshotIsDroppedAndTheSceneStays) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    Change();
+    Change();
+    Change();
+    test::WriteFileBytes(InCache(Names()[2]), {'O', 'B', 'S', 'F'});
+    std::filesystem::remove(InCache(Names()[1]));
+    editor.scene.clipboard = Brushes();
+    Undo(editor);
+    Undo(editor);
+    EXPECT_EQ(Place(), 3);
+    EXPECT_FALSE(editor.scene.clipboard.empty());
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(SnapshotFiles(), 1);
+    Undo(editor);
+    EXPECT_EQ(Place(), 0);
+    EXPECT_EQ(editor.undo.UndoCount, 0);
+}
+
+TEST_F(UndoTest, NewAndASuccessfulOpenDropOnlyTheSessionsOwn) {
+    std::ofstream(InCache("$0001_1.00$.$kvuscache$")) << "of another copy";
+    AddBox({0, 0, 0}, {1, 1, 1});
+    const std::string saved = folder.Path("saved.kvobject");
+    ASSERT_TRUE(SaveObject(editor, saved));
+    const std::string bad = folder.Path("bad.kvobject");
+    test::WriteFileBytes(bad, {'K'});
+    editor.settings.warnings.fill(false);
+    const struct {
+        const char* command;
+        std::optional<std::string> path;
+        std::ptrdiff_t left;
+    } rows[] = {{"mnuOpen", bad, 2},
+                {"mnuOpen", std::nullopt, 2},
+                {"mnuMerge", saved, 2},
+                {"mnuOpen", saved, 1},
+                {"mnuNew", std::nullopt, 1}};
+    for (const auto& row : rows) {
+        ClearUndoCache(editor);
+        TakeUndoSnapshot(editor);
+        prompts.paths = {row.path};
+        Run(row.command);
+        EXPECT_EQ(SnapshotFiles(), row.left) << row.command;
+        EXPECT_EQ(editor.undo.UndoCount, row.left - 1) << row.command;
+    }
+}
+
+}  // namespace
+}  // namespace korvane
