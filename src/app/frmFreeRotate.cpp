@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -27,8 +28,6 @@ frmFreeRotate::frmFreeRotate(Editor& editor, QWidget* parent)
     auto* rows = new QFormLayout;
     for (std::size_t i = 0; i < 3; ++i) rows->addRow(kAxes[i], txtRotate_[i]);
     const OkayCancel buttons = MakeOkayCancel(this);
-    buttons.btnOkay->setDefault(false);  // Enter goes from box to box
-    buttons.btnOkay->setAutoDefault(false);
     connect(buttons.btnOkay, &QPushButton::clicked, this, &frmFreeRotate::Confirm);
     connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
@@ -51,6 +50,12 @@ QLineEdit* frmFreeRotate::MakeBox(int axis) {
         next->selectAll();
     });
     return box;
+}
+
+/// Enter went on to the next box; it must not press Okay as well.
+void frmFreeRotate::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) QDialog::keyPressEvent(event);
 }
 
 void frmFreeRotate::Confirm() {

@@ -19,6 +19,9 @@ class frmFreeRotate final : public QDialog {
 
     void done(int result) override;
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     QLineEdit* MakeBox(int axis);
     void Confirm();

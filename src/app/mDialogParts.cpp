@@ -21,7 +21,6 @@ OkayCancel MakeOkayCancel(QWidget* parent) {
     btnOkay->setObjectName("btnOkay");
     btnOkay->setDefault(true);
     btnCancel->setObjectName("btnCancel");
-    btnCancel->setAutoDefault(false);
     return {box, btnOkay, btnCancel};
 }
 

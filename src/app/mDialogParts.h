@@ -20,7 +20,7 @@ QLineEdit* MakeKeyedBox(const QString& name, const char* keys, QWidget* parent);
 /// The buttons under a dialog: "Okay" (btnOkay) and "Cancel" (btnCancel).
 struct OkayCancel {
     QDialogButtonBox* box;
-    QPushButton* btnOkay;  ///< what Enter presses, unless it is told otherwise
+    QPushButton* btnOkay;  ///< Enter presses it, unless the other has the focus
     QPushButton* btnCancel;
 };
 OkayCancel MakeOkayCancel(QWidget* parent);

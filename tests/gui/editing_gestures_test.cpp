@@ -1,0 +1,185 @@
+// One story for each edit mode, told with the mouse on the real window: pick, add, take away, drag,
+// undo.
+#include <gmock/gmock.h>
+
+#include "EditingFixture.h"
+#include "views/ui/mRender2D.h"
+#include "widgets/ucStatusBar.h"
+
+namespace korvane::test {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using EditingGesturesTest = EditingTest;
+
+constexpr QRgb kSelectedLine = qRgb(255, 0, 0);
+
+TEST_F(EditingGesturesTest, BrushesArePickedMovedAndPutBack) {
+    ClickTop({-1.5F, 0, 0.25F}, Qt::ControlModifier);
+    EXPECT_EQ(Selected(), "*-");
+    EXPECT_EQ(Text("txtBrushName"), "Brush-0000");
+    ClickTop({1.5F, 0, 0.25F}, Qt::ControlModifier);
+    EXPECT_EQ(Selected(), "**");
+    EXPECT_EQ(Text("txtBrushName"), "*Multiple Brushes*");
+    ClickTop({-1.5F, 0, 0.25F}, Qt::ControlModifier);
+    EXPECT_EQ(Selected(), "-*");
+
+    DragTop({1.5F, 0, 0.25F}, {0.5F, 0, 0.75F});
+    EXPECT_EQ(BoundsOf(1), (Bounds{{0, 0, -0.5F}, {1, 2, 1.5F}}));
+    EXPECT_EQ(BoundsOf(0), kFirst);
+    EXPECT_EQ(Shown(View(FrontView)).pixel(At(FrontView, {0.3F, 2, 0})), kSelectedLine);
+    EXPECT_EQ(Shown(View(LeftView)).pixel(At(LeftView, {0, 0.7F, 1.5F})), kSelectedLine);
+
+    ASSERT_TRUE(Enabled("mnuUndo"));
+    Choose("mnuUndo");
+    EXPECT_EQ(BoundsOf(1), kSecond);
+    EXPECT_EQ(Selected(), "-*") << "the selection comes back with it";
+    for (const char* before : {"**", "*-", "--"}) {
+        Choose("mnuUndo");
+        EXPECT_EQ(Selected(), before);
+    }
+    Choose("mnuUndo");
+    Choose("mnuUndo");
+    EXPECT_EQ(Session().scene.brushCount(), 0);
+    EXPECT_FALSE(Enabled("mnuUndo"));
+}
+
+TEST_F(EditingGesturesTest, EdgesArePickedMovedAndPutBack) {
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    Choose("mnuModeEdge");
+    ClickTop({-1, 0, 0});
+    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1, -1, -1)) << "the edge below it, too";
+    ClickTop({-2, 0, 0});
+    EXPECT_EQ(SelectedX().size(), 8U);
+    ClickTop({-2, 0, 0}, Qt::ControlModifier);
+    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1, -1, -1));
+
+    DragTop({-1, 0, 0}, {-0.5F, 0, 0.5F});
+    EXPECT_EQ(BoundsOf(0), (Bounds{{-2, 0, -1}, {-0.5F, 2, 1.5F}}));
+    EXPECT_EQ(BoundsOf(1), kSecond);
+    EXPECT_EQ(Shown(View(FrontView)).pixel(At(FrontView, {-0.5F, 0.7F, 0})), kSelectedLine);
+    Choose("mnuUndo");
+    EXPECT_EQ(BoundsOf(0), kFirst);
+    EXPECT_EQ(Selected(), "*-");
+}
+
+TEST_F(EditingGesturesTest, VerticesArePickedMovedAndPutBack) {
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    Choose("mnuModeVertex");
+    ClickTop({-2, 0, -1});
+    EXPECT_THAT(SelectedX(), ElementsAre(-2, -2));
+    ClickTop({-1, 0, 1});
+    EXPECT_THAT(SelectedX(), ElementsAre(-2, -2, -1, -1));
+    ClickTop({-2, 0, -1}, Qt::ControlModifier);
+    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1));
+
+    DragTop({-1, 0, 1}, {-0.5F, 0, 1.5F});
+    EXPECT_THAT(SelectedX(), Each(-0.5F));
+    EXPECT_EQ(BoundsOf(0), (Bounds{{-2, 0, -1}, {-0.5F, 2, 1.5F}}));
+    EXPECT_EQ(BoundsOf(1), kSecond);
+    Choose("mnuUndo");
+    EXPECT_EQ(BoundsOf(0), kFirst);
+    ClickTop({-2, 0, -1});
+    Choose("mnuUnSelect");
+    EXPECT_THAT(SelectedX(), IsEmpty());
+    EXPECT_EQ(Selected(), "*-") << "the vertices go first";
+    Choose("mnuUnSelect");
+    EXPECT_EQ(Selected(), "--");
+}
+
+TEST_F(EditingGesturesTest, EveryViewFollowsADragWhileItRuns) {
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    QWidget* top = View(TopView);
+    QTest::mousePress(top, Qt::LeftButton, {}, At(TopView, {-1.5F, 0, 0}));
+    for (const float x : {-1.0F, -0.5F, 0.0F}) {
+        const QPoint at = At(TopView, {x, 0, 0.5F});
+        QMouseEvent move(QEvent::MouseMove, at, top->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(top, &move);
+        for (int view = 0; view < kViewCount; ++view) {
+            PaintSurface full;
+            PaintView(Session(), view, full);
+            EXPECT_EQ(Shown(View(view)).convertToFormat(QImage::Format_RGB32), full.image)
+                << "view " << view << " at " << x;
+        }
+    }
+    QTest::mouseRelease(top, Qt::LeftButton, {}, At(TopView, {0, 0, 0.5F}));
+    EXPECT_EQ(BoundsOf(0), (Bounds{{-0.5F, 0, -0.5F}, {0.5F, 2, 1.5F}}));
+}
+
+TEST_F(EditingGesturesTest, DeletingIsAskedForAndCanBeUndone) {
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    prompts.answers = {Answer::No, Answer::Yes};
+    Choose("mnuDelete");
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text, "Warning! Are you sure you wish delete this brush?");
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_EQ(Selected(), "*-");
+    Choose("mnuDelete");
+    ASSERT_EQ(Session().scene.brushCount(), 1);
+    EXPECT_EQ(BoundsOf(0), kSecond);
+    Choose("mnuUndo");
+    ASSERT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_EQ(BoundsOf(0), kFirst);
+    EXPECT_EQ(Selected(), "*-");
+}
+
+TEST_F(EditingGesturesTest, CommandsFollowSelectionAndClipboard) {
+    const auto states = [&] {
+        std::string marks;
+        for (const char* name : {"mnuCopy", "mnuPaste", "mnuDelete", "mnuRotX", "mnuFlipX",
+                                 "mnuInvert", "mnuFreeRotate", "mnuMultiply"})
+            marks += Enabled(name) ? '1' : '0';
+        return marks;
+    };
+    EXPECT_EQ(states(), "00000000");
+    ClickTop({1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_EQ(states(), "10111111");
+    Choose("mnuCopy");
+    EXPECT_EQ(states(), "11111111");
+    Choose("mnuPaste");
+    EXPECT_EQ(Selected(), "--*");
+    EXPECT_EQ(BoundsOf(2), kSecond);
+    Choose("mnuRotY");
+    EXPECT_EQ(BoundsOf(2).min.x, 0.5F) << "a quarter turn about its own centre";
+    Choose("mnuUndo");
+    EXPECT_EQ(states(), "10111111") << "undo empties the clipboard";
+}
+
+/// The group box of the property panel.
+TEST_F(EditingGesturesTest, TheGroupBoxGroupsTheSelection) {
+    auto* box = Find<QLineEdit>("txtBrushGroup");
+    EXPECT_FALSE(box->isEnabled());
+    EXPECT_FALSE(Find("lblBrushName")->isEnabled());
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    ASSERT_TRUE(box->isEnabled());
+    EXPECT_TRUE(Find("lblBrushName")->isEnabled());
+    EXPECT_FALSE(Find("txtBrushName")->isEnabled());
+    QTest::mouseClick(box, Qt::LeftButton);
+    ASSERT_TRUE(box->hasFocus());
+    QTest::keyClicks(box, "walls");
+    EXPECT_EQ(BrushAt(0).group, "") << "not before Enter";
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(BrushAt(0).group, "walls");
+    EXPECT_TRUE(Find("pbFocusKeeper")->hasFocus());
+
+    ClickTop({1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_EQ(Text("txtBrushGroup"), "*Multiple Groups*");
+    EXPECT_FALSE(Find("lblBrushName")->isEnabled());
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(BrushAt(0).group + "|" + BrushAt(1).group, "walls|") << "that text is no group";
+    box->selectAll();
+    QTest::keyClicks(box, "all");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(BrushAt(0).group + "|" + BrushAt(1).group, "all|all");
+    EXPECT_EQ(Text("txtBrushName"), "*Multiple Brushes*");
+    Choose("mnuUnSelect");
+    EXPECT_EQ(Text("txtBrushName") + Text("txtBrushGroup"), "");
+    EXPECT_FALSE(box->isEnabled());
+}
+
+}  // namespace
+}  // namespace korvane::test
