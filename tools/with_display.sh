@@ -27,7 +27,14 @@ export DISPLAY QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
 unset WAYLAND_DISPLAY
 if command -v openbox >/dev/null; then
     echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$scratch/openbox.xml"
-    openbox --config-file "$scratch/openbox.xml" >/dev/null 2>&1 &
+    openbox --config-file "$scratch/openbox.xml" --startup "touch $scratch/managed" \
+        >/dev/null 2>&1 &
     manager=$!
+    # A window that comes before its manager never gets the focus.
+    for _ in $(seq 200); do
+        [ -e "$scratch/managed" ] && break
+        kill -0 "$manager" 2>/dev/null || break
+        sleep 0.05
+    done
 fi
 "$@"

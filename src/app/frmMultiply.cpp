@@ -43,7 +43,7 @@ QGroupBox* MakeFrame(const QString& title, const std::array<QLineEdit*, 6>& boxe
         grid->addWidget(box, 1 + i / 3, 1 + i % 3);
     }
     for (int row = 0; row < 2; ++row) grid->addWidget(new QLabel(rows[row], frame), row + 1, 0);
-    grid->addWidget(chkMode, 3, 1, 1, 3);
+    grid->addWidget(chkMode, 3, 1, 1, 3, Qt::AlignLeft);
     return frame;
 }
 
