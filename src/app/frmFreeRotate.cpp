@@ -14,7 +14,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kLeastWidth = 240;  // pixels
+constexpr int kLeastWidth = 240;  // pixels, so that the title is not cut
 constexpr const char* kAxes[] = {"&X:", "&Y:", "&Z:"};
 
 }  // namespace
@@ -24,14 +24,15 @@ frmFreeRotate::frmFreeRotate(Editor& editor, QWidget* parent)
     setObjectName("frmFreeRotate");
     setWindowTitle("Free Rotate");
     setAttribute(Qt::WA_DeleteOnClose);
-    setMinimumWidth(kLeastWidth);
+    auto* lblDegrees = new QLabel("Degrees about each axis:", this);
+    lblDegrees->setMinimumWidth(kLeastWidth);
     auto* rows = new QFormLayout;
     for (std::size_t i = 0; i < 3; ++i) rows->addRow(kAxes[i], txtRotate_[i]);
     const OkayCancel buttons = MakeOkayCancel(this);
     connect(buttons.btnOkay, &QPushButton::clicked, this, &frmFreeRotate::Confirm);
     connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(new QLabel("Degrees about each axis:", this));
+    column->addWidget(lblDegrees);
     column->addLayout(rows);
     column->addSpacing(6);
     column->addWidget(buttons.box);

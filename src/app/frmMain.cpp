@@ -16,6 +16,7 @@
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
 #include "textures/ui/ucTextureList.h"
+#include "views/ui/ucPreview.h"
 #include "widgets/ucStatusBar.h"
 #include "widgets/ucToolBar.h"
 
@@ -116,10 +117,15 @@ void frmMain::OpenForm(Form form) {
     }
 }
 
-/// A closed form is deleted in a later turn of the event loop; until then it is only hidden.
+/// A closed form is deleted in a later turn of the event loop; until then it is only hidden. A new
+/// one stands over the preview: the marker is dragged in the 2D views.
 template <class ModelessForm>
 void frmMain::OpenModeless(QPointer<ModelessForm>& form) {
-    if (!form || !form->isVisible()) form = new ModelessForm(editor_, this);
+    if (!form || !form->isVisible()) {
+        form = new ModelessForm(editor_, this);
+        const QWidget& preview = workspace_->Preview();
+        if (preview.isVisible()) form->move(preview.mapToGlobal(QPoint(0, 0)));
+    }
     form->show();
     form->raise();
     form->activateWindow();

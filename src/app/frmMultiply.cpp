@@ -15,19 +15,21 @@
 namespace korvane {
 namespace {
 
-constexpr int kBoxWidth = 90;  // pixels
+constexpr int kBoxWidth = 110;  // pixels
 
 /// Leaves a box alone that shows the text already: its cursor stays.
 void SetText(QLineEdit* box, const std::string& text) {
     const QString shown = QString::fromStdString(text);
-    if (box->text() != shown) box->setText(shown);
+    if (box->text() == shown) return;
+    box->setText(shown);
+    box->setCursorPosition(0);  // of a number that is too long its sign and first digits are seen
 }
 
 /// A frame with a row of steps above one of totals.
 QGroupBox* MakeFrame(const QString& title, const std::array<QLineEdit*, 6>& boxes,
                      QCheckBox* chkMode) {
     static constexpr const char* axes[] = {"X", "Y", "Z"};
-    static constexpr const char* rows[] = {"Each step:", "In all:"};
+    static constexpr const char* rows[] = {"Each step:", "Total:"};
     auto* frame = new QGroupBox(title);
     auto* grid = new QGridLayout(frame);
     for (int column = 0; column < 3; ++column) {
@@ -41,7 +43,7 @@ QGroupBox* MakeFrame(const QString& title, const std::array<QLineEdit*, 6>& boxe
         grid->addWidget(box, 1 + i / 3, 1 + i % 3);
     }
     for (int row = 0; row < 2; ++row) grid->addWidget(new QLabel(rows[row], frame), row + 1, 0);
-    grid->addWidget(chkMode, 3, 1, 1, 3);
+    grid->addWidget(chkMode, 3, 1, 1, 3, Qt::AlignLeft);
     return frame;
 }
 
@@ -52,8 +54,8 @@ frmMultiply::frmMultiply(Editor& editor, QWidget* parent)
       editor_(editor),
       values_(OpenMultiply(editor)),
       txtCount_(MakeBox("txtCount", kDigitKeys)),
-      move_(MakeRow("txtMove", 0, "Enter the offsets in a&ll")),
-      rotate_(MakeRow("txtRotate", 1, "Enter the rotations &in all")) {
+      move_(MakeRow("txtMove", 0, "Enter &offsets as totals")),
+      rotate_(MakeRow("txtRotate", 1, "Enter &rotations as totals")) {
     setObjectName("frmMultiply");
     setWindowTitle("Multiply Brushes");
     setAttribute(Qt::WA_DeleteOnClose);

@@ -75,10 +75,8 @@ void ReportLoad(Editor& editor, LoadResult result) {
 
 /// After a successful open the snapshots belong to another object.
 void ReportOpen(Editor& editor, LoadResult result) {
-    if (result == LoadResult::Done) {
-        editor.host.CloseForms();
-        ClearUndoCache(editor);
-    }
+    if (result != LoadResult::Cancelled) editor.host.CloseForms();
+    if (result == LoadResult::Done) ClearUndoCache(editor);
     ReportLoad(editor, result);
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "editor/mFileOpenSave.h"
 #include "files/mObjectFile.h"
@@ -133,12 +134,14 @@ TEST_F(FileCommandsTest, UnsavedChangesAreAskedAbout) {
         EXPECT_EQ(prompts_.messages[0].buttons, MessageButtons::YesNo);
         EXPECT_EQ(Groups(), before);
         EXPECT_TRUE(editor_.SceneModified);
+        EXPECT_EQ(host_.formCloses, 0);
         EXPECT_EQ(prompts_.paths.size(), 1U) << "the dialog is not reached";
 
         prompts_.answers = {Answer::Yes};
         row.run(editor_);
         EXPECT_EQ(Groups().find("mine"), std::string::npos);
         EXPECT_FALSE(editor_.SceneModified);
+        EXPECT_EQ(std::exchange(host_.formCloses, 0), 1) << "what they worked on is gone";
 
         editor_.SceneModified = true;
         editor_.settings.warnings[row.warning] = false;
@@ -149,6 +152,7 @@ TEST_F(FileCommandsTest, UnsavedChangesAreAskedAbout) {
         EXPECT_FALSE(editor_.SceneModified);
         row.run(editor_);
         EXPECT_TRUE(prompts_.messages.empty()) << "nothing unsaved";
+        host_.formCloses = 0;
     }
 }
 
@@ -272,6 +276,7 @@ TEST_F(FileCommandsTest, CancellingADialogChangesNothing) {
     EXPECT_EQ(prompts_.openDialogs.size(), 2U);
     EXPECT_EQ(prompts_.saveDialogs.size(), 2U);
     EXPECT_EQ(folder_.EntryCount(), 0);
+    EXPECT_EQ(host_.formCloses, 0);
 }
 
 TEST_F(FileCommandsTest, AFailedSaveTellsTheUserAndLosesNothing) {
