@@ -5,6 +5,7 @@
 #include <cstring>
 #include <random>
 
+#include "editor/mFreeRotate.h"
 #include "scene/mNormals.h"
 #include "support/SessionFixture.h"
 
@@ -257,6 +258,27 @@ TEST_F(MoveGesturesTest, TheMarkerIsDraggedInPlaceOfEverythingElse) {
     EXPECT_FLOAT_EQ(editor.scene.marker.x, 0.52F + 7 / 80.0F);
     EXPECT_EQ(SceneBytes(), before);
     EXPECT_EQ(editor.undo.UndoCount, 0);
+}
+
+TEST_F(MoveGesturesTest, AMarkerDragEndsWithItsDialog) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    for (const EditMode mode : {BrushMove, FaceEdit}) {
+        editor.scene.editMode = mode;
+        OpenFreeRotate(editor);
+        PressView(editor, FrontView, Left(200, 150));
+        MoveOverView(editor, FrontView, Left(280, 150));
+        const Vec3 left = editor.scene.marker;
+        CloseFreeRotate(editor);
+        EXPECT_FALSE(IsMovingSelection(editor));
+        MoveOverView(editor, FrontView, Left(360, 150));
+        EXPECT_EQ(editor.scene.marker, left);
+        EXPECT_EQ(host.status[0], "") << "there is no marker to tell of";
+        OpenFreeRotate(editor);
+        MoveOverView(editor, FrontView, Left(400, 150));
+        EXPECT_EQ(editor.scene.marker, (Vec3{0.5F, 0.5F, 0.5F})) << "the drag is over for good";
+        ReleaseView(editor, FrontView, Left(400, 150));
+        CloseFreeRotate(editor);
+    }
 }
 
 TEST_F(MoveGesturesTest, ACancelledDragStandsAsFarAsItWent) {
