@@ -76,6 +76,7 @@ void PressLeft(Editor& editor, const MouseInput& mouse) {
     gesture.movesMarker = editor.scene.markerShown;
     gesture.markerStart = editor.scene.marker;
     gesture.creating = !gesture.movesMarker && !picks;
+    gesture.dragging = true;  // already now: a message about the snapshot takes the mouse away
     if (!gesture.movesMarker && picks) {
         if (gesture.editMode == BrushMove) PressBrushMove(editor, ctrl);
         if (MovesVertices(gesture.editMode)) PressVertexMove(editor, ctrl);
@@ -83,7 +84,6 @@ void PressLeft(Editor& editor, const MouseInput& mouse) {
     // From here on only steps of the grid count: a start beside it would be felt at the first step.
     gesture.dragStart = Snapped(editor, gesture.dragStart);
     editor.CursorPoint = gesture.dragStart;
-    gesture.dragging = true;
 }
 
 void ShowCursor(const Editor& editor, int view) {

@@ -298,6 +298,39 @@ TEST_F(MoveGesturesTest, ACancelledDragStandsAsFarAsItWent) {
     EXPECT_EQ(SceneBytes(), before);
 }
 
+/// A message box deactivates the window, which cancels the gesture; its release never comes.
+struct DeactivatingPrompts : test::ScriptedPrompts {
+    Editor* editor = nullptr;
+
+    Answer ShowMessage(const Message& message) override {
+        CancelViewGesture(*editor);
+        return ScriptedPrompts::ShowMessage(message);
+    }
+};
+
+TEST(MoveGestures, AMessageAtThePressEndsTheDrag) {
+    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove}) {
+        test::RecordingHost host;
+        DeactivatingPrompts prompts;
+        Editor editor{host, prompts};
+        prompts.editor = &editor;
+        editor.programFolder = "/nowhere/at/all";
+        editor.views[TopView].width = 400;
+        editor.views[TopView].height = 300;
+        UpdateViewOrigins(editor);
+        CreateBrush(editor.scene, {0, 0, 0}, {1, 1, 1}, 4, editor.Space());
+        editor.scene.brushes[0].selected = true;
+        editor.scene.editMode = mode;
+        for (const float x : {0.0F, 1.0F}) {  // the user is told once; the next drag goes on
+            PressView(editor, TopView, Left(200, 150));
+            MoveOverView(editor, TopView, Left(280, 150));
+            ReleaseView(editor, TopView, Left(280, 150));
+            EXPECT_EQ(editor.scene.brushes[0].vertices[0].x, x) << mode;
+        }
+        EXPECT_EQ(prompts.messages.size(), 1U);
+    }
+}
+
 TEST_F(MoveGesturesTest, ACommandInTheMiddleOfADragEndsIt) {
     const char* const commands[] = {"mnuUndo",       "mnuDelete", "mnuUnSelect",
                                     "mnuModeVertex", "mnuFlipX",  "mnuNew",
