@@ -93,7 +93,8 @@ void SelectListed(Editor& editor, const SelectLists& lists, const SelectChoice& 
     RefreshAll(editor);
 }
 
-void SetGroupOfSelection(Editor& editor, const std::string& group) {
+void SetGroupOfSelection(Editor& editor, const std::string& text) {
+    const std::string group = FromSingleByte(ToSingleByte(text));
     bool changed = false;
     for (Brush& brush : editor.scene.brushes) {
         if (!brush.selected || brush.group == group) continue;

@@ -33,6 +33,7 @@ void SelectListed(Editor& editor, const SelectLists& lists, const SelectChoice& 
 
 /// Sets the group of every selected brush; an empty text takes them out of their group. No snapshot
 /// is taken and nothing redrawn; the object counts as modified when a group really changed.
-void SetGroupOfSelection(Editor& editor, const std::string& group);
+/// Characters that files can't hold are replaced at once, not by a later undo.
+void SetGroupOfSelection(Editor& editor, const std::string& text);
 
 }  // namespace korvane

@@ -76,6 +76,7 @@ void PressLeft(Editor& editor, const MouseInput& mouse) {
     gesture.movesMarker = editor.scene.markerShown;
     gesture.markerStart = editor.scene.marker;
     gesture.creating = !gesture.movesMarker && !picks;
+    gesture.dragging = true;  // already now: a message about the snapshot takes the mouse away
     if (!gesture.movesMarker && picks) {
         if (gesture.editMode == BrushMove) PressBrushMove(editor, ctrl);
         if (MovesVertices(gesture.editMode)) PressVertexMove(editor, ctrl);
@@ -83,7 +84,6 @@ void PressLeft(Editor& editor, const MouseInput& mouse) {
     // From here on only steps of the grid count: a start beside it would be felt at the first step.
     gesture.dragStart = Snapped(editor, gesture.dragStart);
     editor.CursorPoint = gesture.dragStart;
-    gesture.dragging = true;
 }
 
 void ShowCursor(const Editor& editor, int view) {
@@ -177,11 +177,9 @@ void DragTo(Editor& editor, const MouseInput& mouse) {
     gesture.moved = gesture.moved || mouse.x != gesture.lastX || mouse.y != gesture.lastY;
     if (gesture.creating) {
         editor.host.RequestRedraw(RedrawOverlay(gesture.view));
-    } else if (gesture.moved && gesture.movesMarker) {
-        MoveMarker(editor);
     } else if (gesture.moved && IsMovingSelection(editor)) {
-        MoveSelection(editor);
-    } else if (gesture.moved && gesture.editMode != FaceEdit) {
+        gesture.movesMarker ? MoveMarker(editor) : MoveSelection(editor);
+    } else if (gesture.moved && (gesture.movesMarker || gesture.editMode != FaceEdit)) {
         CancelViewGesture(editor);
     }
 }
@@ -259,7 +257,7 @@ void CancelViewGesture(Editor& editor) {
 bool IsMovingSelection(const Editor& editor) {
     const ViewGesture& gesture = editor.gesture;
     if (!gesture.dragging || gesture.creating) return false;
-    if (gesture.movesMarker) return true;
+    if (gesture.movesMarker) return editor.scene.markerShown;
     return gesture.editMode != FaceEdit && gesture.editMode == editor.scene.editMode &&
            IsCurrent(editor.scene, gesture.origin);
 }

@@ -24,7 +24,7 @@ struct MouseInput {
 /// A gesture runs from a press to the release of the same button on the same view; what other
 /// buttons and views report in between changes nothing. A move that reports no button while one
 /// should be held cancels the gesture: its release was lost. A drag of the selection also ends when
-/// a command changes what it moves.
+/// a command changes what it moves, a drag of the marker when the marker is hidden.
 ///
 /// One gesture takes one undo snapshot: a pick or a move at the press, a creation at the release.
 /// Every step of a move asks for RedrawMoveStep only.

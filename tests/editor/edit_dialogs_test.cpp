@@ -277,6 +277,12 @@ TEST_F(EditDialogsTest, TheGroupBoxSetsTheGroupOfTheSelection) {
     EXPECT_FALSE(editor.SceneModified) << "nothing changed";
     SetGroupOfSelection(editor, "");
     EXPECT_EQ(Brushes()[0].group, "");
+    SetGroupOfSelection(editor, "T\xC3\xBCr \xCE\xA9");  // the Greek letter is in no file
+    const std::string group = Brushes()[0].group;
+    EXPECT_EQ(group.substr(0, 5), "T\xC3\xBCr ");
+    Run("mnuInvert");
+    Run("mnuUndo");
+    EXPECT_EQ(Brushes()[0].group, group) << "undo brings no other group back";
 }
 
 }  // namespace

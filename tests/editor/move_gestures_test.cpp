@@ -5,6 +5,7 @@
 #include <cstring>
 #include <random>
 
+#include "editor/mFreeRotate.h"
 #include "scene/mNormals.h"
 #include "support/SessionFixture.h"
 
@@ -259,6 +260,27 @@ TEST_F(MoveGesturesTest, TheMarkerIsDraggedInPlaceOfEverythingElse) {
     EXPECT_EQ(editor.undo.UndoCount, 0);
 }
 
+TEST_F(MoveGesturesTest, AMarkerDragEndsWithItsDialog) {
+    AddSelected({0, 0, 0}, {1, 1, 1});
+    for (const EditMode mode : {BrushMove, FaceEdit}) {
+        editor.scene.editMode = mode;
+        OpenFreeRotate(editor);
+        PressView(editor, FrontView, Left(200, 150));
+        MoveOverView(editor, FrontView, Left(280, 150));
+        const Vec3 left = editor.scene.marker;
+        CloseFreeRotate(editor);
+        EXPECT_FALSE(IsMovingSelection(editor));
+        MoveOverView(editor, FrontView, Left(360, 150));
+        EXPECT_EQ(editor.scene.marker, left);
+        EXPECT_EQ(host.status[0], "") << "there is no marker to tell of";
+        OpenFreeRotate(editor);
+        MoveOverView(editor, FrontView, Left(400, 150));
+        EXPECT_EQ(editor.scene.marker, (Vec3{0.5F, 0.5F, 0.5F})) << "the drag is over for good";
+        ReleaseView(editor, FrontView, Left(400, 150));
+        CloseFreeRotate(editor);
+    }
+}
+
 TEST_F(MoveGesturesTest, ACancelledDragStandsAsFarAsItWent) {
     AddSelected({0, 0, 0}, {1, 1, 1});
     const auto before = SceneBytes();
@@ -274,6 +296,39 @@ TEST_F(MoveGesturesTest, ACancelledDragStandsAsFarAsItWent) {
     EXPECT_EQ(editor.undo.UndoCount, 1);
     Run("mnuUndo");
     EXPECT_EQ(SceneBytes(), before);
+}
+
+/// A message box deactivates the window, which cancels the gesture; its release never comes.
+struct DeactivatingPrompts : test::ScriptedPrompts {
+    Editor* editor = nullptr;
+
+    Answer ShowMessage(const Message& message) override {
+        CancelViewGesture(*editor);
+        return ScriptedPrompts::ShowMessage(message);
+    }
+};
+
+TEST(MoveGestures, AMessageAtThePressEndsTheDrag) {
+    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove}) {
+        test::RecordingHost host;
+        DeactivatingPrompts prompts;
+        Editor editor{host, prompts};
+        prompts.editor = &editor;
+        editor.programFolder = "/nowhere/at/all";
+        editor.views[TopView].width = 400;
+        editor.views[TopView].height = 300;
+        UpdateViewOrigins(editor);
+        CreateBrush(editor.scene, {0, 0, 0}, {1, 1, 1}, 4, editor.Space());
+        editor.scene.brushes[0].selected = true;
+        editor.scene.editMode = mode;
+        for (const float x : {0.0F, 1.0F}) {  // the user is told once; the next drag goes on
+            PressView(editor, TopView, Left(200, 150));
+            MoveOverView(editor, TopView, Left(280, 150));
+            ReleaseView(editor, TopView, Left(280, 150));
+            EXPECT_EQ(editor.scene.brushes[0].vertices[0].x, x) << mode;
+        }
+        EXPECT_EQ(prompts.messages.size(), 1U);
+    }
 }
 
 TEST_F(MoveGesturesTest, ACommandInTheMiddleOfADragEndsIt) {

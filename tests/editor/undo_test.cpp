@@ -191,7 +191,9 @@ TEST_F(UndoTest, NewAndASuccessfulOpenDropOnlyTheSessionsOwn) {
         ClearUndoCache(editor);
         TakeUndoSnapshot(editor);
         prompts.paths = {row.path};
+        host.formCloses = 0;
         Run(row.command);
+        EXPECT_EQ(host.formCloses, row.left == 1) << row.command << ": dialogs on the old object";
         EXPECT_EQ(SnapshotFiles(), row.left) << row.command;
         EXPECT_EQ(editor.undo.UndoCount, row.left - 1) << row.command;
     }
