@@ -1,5 +1,6 @@
 #include "app/mPropertyPanel.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -92,12 +93,17 @@ QLabel* ValueLabel(const char* name) {
     return label;
 }
 
-/// Enter sets the group, unless the box only says that there are several.
+/// Enter sets the group, unless the box only says that there are several. A focus that leaves for
+/// no other text box goes back to the views.
 void ConnectGroupBox(QLineEdit* box, Editor& editor) {
     QObject::connect(box, &QLineEdit::returnPressed, box, [box, &editor] {
         const std::string group = box->text().toStdString();
         if (group != kMultipleGroups) SetGroupOfSelection(editor, group);
         editor.host.FocusViews();
+    });
+    QObject::connect(box, &QLineEdit::editingFinished, box, [box, &editor] {
+        const bool typing = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+        if (!box->hasFocus() && !typing) editor.host.FocusViews();
     });
 }
 

@@ -1,5 +1,7 @@
 #include "editor/Editor.h"
 
+#include <utility>
+
 namespace korvane {
 
 void RedrawAllViews(Editor& editor) {
@@ -14,6 +16,11 @@ void RefreshAll(Editor& editor) {
     RedrawAllViews(editor);
     UpdateCommandStates(editor);
     editor.host.RefreshPropertyPanel();
+}
+
+void ShowError(Editor& editor, std::string text) {
+    editor.prompts.ShowMessage(
+        {std::move(text), "Error!", MessageIcon::Exclamation, MessageButtons::Ok});
 }
 
 std::string WindowTitle(const Editor& editor) {

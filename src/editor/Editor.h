@@ -100,6 +100,9 @@ void UpdateCommandStates(Editor& editor);
 /// Requests a redraw of the three 2D views, the depth gauge and the preview.
 void RedrawAllViews(Editor& editor);
 
+/// Tells the user of a failure, under the title "Error!".
+void ShowError(Editor& editor, std::string text);
+
 /// The window title: "Korvane - NAME", with "*" while there are unsaved changes.
 std::string WindowTitle(const Editor& editor);
 

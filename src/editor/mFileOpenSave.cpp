@@ -18,11 +18,6 @@ FileDialog ObjectDialog(std::string title, const Editor& editor) {
             editor.CurrentObjectPath};
 }
 
-void ShowError(Editor& editor, std::string text) {
-    editor.prompts.ShowMessage(
-        {std::move(text), "Error!", MessageIcon::Exclamation, MessageButtons::Ok});
-}
-
 /// Asks before unsaved changes are dropped; true to go on.
 bool MayDropChanges(Editor& editor, Warning warning, std::string text, std::string title) {
     if (!editor.SceneModified || !editor.settings.warnings[warning]) return true;

@@ -14,7 +14,7 @@ bool IsRunning(const GaugeGesture& gesture) {
 }
 
 float Snapped(const Editor& editor, float depth) {
-    return editor.settings.snapToGrid ? SnapToGrid(depth, editor.settings.snapSize) : depth;
+    return SnapToGrid(depth, editor.settings.SnapStep());
 }
 
 GaugeLevel NearerLevel(const DepthRange& range, float depth) {

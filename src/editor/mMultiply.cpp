@@ -63,7 +63,7 @@ void AppendCopy(Editor& editor, const Multiply& multiply, int i) {
     Scene& scene = editor.scene;
     const Vec3 delta = Times(multiply.move, -i);
     const Vec3 angles = Times(multiply.rotation, i);
-    const float snapSize = editor.settings.snapToGrid ? editor.settings.snapSize : 0;
+    const float snapSize = editor.settings.SnapStep();
     const Turn turn = TurnAbout(scene.marker, angles.x, angles.y, angles.z);
     for (const Brush& source : scene.clipboard) {
         Brush& brush = AddCopy(scene, source);
@@ -92,8 +92,7 @@ void UpdateDependentBoxes(MultiplyBoxes& boxes) {
 bool RunMultiply(Editor& editor, const MultiplyBoxes& boxes) {
     const Multiply multiply{CountOf(boxes.count), StepOf(boxes.move), StepOf(boxes.rotate)};
     if (BytesOfSelection(editor.scene) * multiply.count > kMostBytes) {
-        editor.prompts.ShowMessage({"Error: Too many copies for one object!", "Error!",
-                                    MessageIcon::Exclamation, MessageButtons::Ok});
+        ShowError(editor, "Error: Too many copies for one object!");
         return false;
     }
     editor.multiply = multiply;

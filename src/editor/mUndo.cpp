@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <optional>
 
 #include "base/NumberText.h"
@@ -13,8 +14,19 @@
 namespace korvane {
 namespace {
 
+std::string CacheFolder(const Editor& editor) {
+    return editor.programFolder + "/ObjCache";
+}
+
 std::string CachePath(const Editor& editor, const std::string& name) {
-    return editor.programFolder + "/ObjCache/" + name;
+    return CacheFolder(editor) + "/" + name;
+}
+
+/// Brings the folder back where it was taken away while the program runs.
+void EnsureCacheFolder(const Editor& editor) {
+    const std::string folder = CacheFolder(editor);
+    std::error_code ignored;  // a folder that can't be made shows in the snapshot that fails
+    std::filesystem::create_directory(std::u8string(folder.begin(), folder.end()), ignored);
 }
 
 /// Further attempts append digits to the fraction of the time.
@@ -29,6 +41,7 @@ std::optional<std::string> StoreSnapshot(const Editor& editor, std::int32_t coun
     constexpr int kAttempts = 10'000;
     const auto bytes = EncodeObject(editor.scene, editor.textures, true);
     const double seconds = editor.undo.clock();
+    EnsureCacheFolder(editor);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         std::string name = SnapshotName(count, seconds, attempt);
         if (std::ranges::count(editor.undo.UndoNames, name) > 0) continue;
@@ -47,10 +60,9 @@ std::optional<std::string> StoreSnapshot(const Editor& editor, std::int32_t coun
 void TellFailureOnce(Editor& editor) {
     if (editor.undo.failureTold) return;
     editor.undo.failureTold = true;
-    editor.prompts.ShowMessage(
-        {"Error: Unable to save undo data!\r\n"
-         "Undo is not available for this step.",
-         "Error!", MessageIcon::Exclamation, MessageButtons::Ok});
+    ShowError(editor,
+              "Error: Unable to save undo data!\r\n"
+              "Undo is not available for this step.");
 }
 
 void DropOldest(Editor& editor) {

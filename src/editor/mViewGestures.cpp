@@ -26,13 +26,8 @@ MouseButton OwnButton(const ViewGesture& gesture) {
     return gesture.panning ? MouseButton::Right : MouseButton::None;
 }
 
-/// Step of the grid that points snap to; 0 with snap off.
-float SnapStep(const Editor& editor) {
-    return editor.settings.snapToGrid ? editor.settings.snapSize : 0;
-}
-
 Vec3 Snapped(const Editor& editor, const Vec3& point) {
-    return SnapToGrid(point, SnapStep(editor));
+    return SnapToGrid(point, editor.settings.SnapStep());
 }
 
 bool MovesVertices(std::int16_t editMode) {
@@ -160,14 +155,14 @@ Vec3 DragDelta(const Editor& editor) {
 
 void MoveMarker(Editor& editor) {
     editor.scene.marker =
-        MovedPoint(editor.gesture.markerStart, DragDelta(editor), SnapStep(editor));
+        MovedPoint(editor.gesture.markerStart, DragDelta(editor), editor.settings.SnapStep());
     ShowMarkerPosition(editor);
     editor.host.RequestRedraw(RedrawMoveStep);
 }
 
 void MoveSelection(Editor& editor) {
-    MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor), SnapStep(editor),
-                   editor.Space());
+    MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor),
+                   editor.settings.SnapStep(), editor.Space());
     editor.host.RequestRedraw(RedrawMoveStep);
 }
 

@@ -106,6 +106,9 @@ struct Settings {
     float windowHeight = 0;
     std::array<bool, kWarnings> warnings = {true, true, true, true, true, true};
     ColorScheme colors;
+
+    /// Step of the grid that points snap to, world units; 0 with snap off.
+    float SnapStep() const { return snapToGrid ? snapSize : 0; }
 };
 
 }  // namespace korvane

@@ -145,10 +145,19 @@ TEST_F(UndoTest, AFullDiskIsToldOnceAndTheEditGoesOn) {
     EXPECT_EQ(SnapshotFiles(), 50) << "no part of a snapshot is left";
     Change();
     EXPECT_NE(Names(), names);
-    std::filesystem::permissions(folder.Path("ObjCache"), std::filesystem::perms::none);
     std::filesystem::rename(folder.Path("ObjCache"), folder.Path("gone"));
+    test::WriteFileBytes(folder.Path("ObjCache"), {});  // a file where the folder should be
     Change();
     EXPECT_EQ(prompts.messages.size(), 2U) << "told again after it had worked";
+}
+
+TEST_F(UndoTest, AFolderTakenAwayComesBack) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    std::filesystem::remove(folder.Path("ObjCache"));
+    Change();
+    EXPECT_TRUE(prompts.messages.empty());
+    Undo(editor);
+    EXPECT_EQ(Place(), 0);
 }
 
 TEST_F(UndoTest, AnUnreadableSnapshotIsDroppedAndTheSceneStays) {
@@ -181,19 +190,20 @@ TEST_F(UndoTest, NewAndASuccessfulOpenDropOnlyTheSessionsOwn) {
     const struct {
         const char* command;
         std::optional<std::string> path;
-        std::ptrdiff_t left;
-    } rows[] = {{"mnuOpen", bad, 2},
-                {"mnuOpen", std::nullopt, 2},
-                {"mnuMerge", saved, 2},
-                {"mnuOpen", saved, 1},
-                {"mnuNew", std::nullopt, 1}};
+        std::ptrdiff_t left;  // snapshot files, the other copy's included
+        int formCloses;       // dialogs end with the brushes they work on
+    } rows[] = {{"mnuOpen", bad, 2, 1},
+                {"mnuOpen", std::nullopt, 2, 0},
+                {"mnuMerge", saved, 2, 0},
+                {"mnuOpen", saved, 1, 1},
+                {"mnuNew", std::nullopt, 1, 1}};
     for (const auto& row : rows) {
         ClearUndoCache(editor);
         TakeUndoSnapshot(editor);
         prompts.paths = {row.path};
         host.formCloses = 0;
         Run(row.command);
-        EXPECT_EQ(host.formCloses, row.left == 1) << row.command << ": dialogs on the old object";
+        EXPECT_EQ(host.formCloses, row.formCloses) << row.command;
         EXPECT_EQ(SnapshotFiles(), row.left) << row.command;
         EXPECT_EQ(editor.undo.UndoCount, row.left - 1) << row.command;
     }
