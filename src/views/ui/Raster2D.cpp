@@ -17,13 +17,19 @@ struct Slope {
     std::int32_t direction;     ///< of the minor axis: +1 or -1
 };
 
-Slope SlopeOf(Pixel a, Pixel b) {
-    const bool steep = std::abs(b.y - a.y) > std::abs(b.x - a.x);
-    if (steep ? b.y < a.y : b.x < a.x) std::swap(a, b);
-    const std::int32_t along = steep ? b.y - a.y : b.x - a.x;
-    const std::int32_t across = steep ? b.x - a.x : b.y - a.y;
-    return {steep, steep ? a.y : a.x, steep ? a.x : a.y,
-            along, std::abs(across),  across < 0 ? -1 : 1};
+/// Lines go every way, so that a branch here would be guessed wrong every other time: everything is
+/// chosen by conditional moves.
+inline Slope SlopeOf(Pixel a, Pixel b) {
+    const std::int32_t dx = b.x - a.x;
+    const std::int32_t dy = b.y - a.y;
+    const bool steep = std::abs(dy) > std::abs(dx);
+    const std::int32_t along = steep ? dy : dx;
+    const std::int32_t across = steep ? dx : dy;
+    const std::int32_t startX = along < 0 ? b.x : a.x;
+    const std::int32_t startY = along < 0 ? b.y : a.y;
+    const std::int32_t climb = along < 0 ? -across : across;
+    return {steep,           steep ? startY : startX, steep ? startX : startY,
+            std::abs(along), std::abs(climb),         climb < 0 ? -1 : 1};
 }
 
 void FillRow(const Raster2D& raster, std::int32_t y, std::int32_t x1, std::int32_t x2,
@@ -33,8 +39,8 @@ void FillRow(const Raster2D& raster, std::int32_t y, std::int32_t x1, std::int32
 
 /// Draws steps first..last of the line; all of them lie on the surface. After i steps the minor
 /// axis has moved floor((2 i rise + length) / (2 length)) pixels.
-void DrawSteps(const Raster2D& raster, const Slope& s, std::int32_t first, std::int32_t last,
-               std::uint32_t color) {
+inline void DrawSteps(const Raster2D& raster, const Slope& s, std::int32_t first, std::int32_t last,
+                      std::uint32_t color) {
     std::int64_t moved = 0;
     std::int64_t rest = s.length;
     if (first > 0) {
@@ -44,20 +50,20 @@ void DrawSteps(const Raster2D& raster, const Slope& s, std::int32_t first, std::
     }
     const std::int32_t major = s.major + first;
     const auto minor = static_cast<std::int32_t>(s.minor + s.direction * moved);
-    std::uint32_t* pixel = s.steep ? raster.Row(major) + minor : raster.Row(minor) + major;
+    const std::int32_t x = s.steep ? minor : major;
+    const std::int32_t y = s.steep ? major : minor;
+    std::uint32_t* pixel = raster.Row(y) + x;
     const std::ptrdiff_t alongStep = s.steep ? raster.stride : 1;
     const std::ptrdiff_t acrossStep = s.direction * (s.steep ? 1 : std::ptrdiff_t{raster.stride});
-    // Both outcomes of a step are computed and one is taken: no branch to guess, a short chain.
     const std::int64_t full = 2 * std::int64_t{s.length};
     const std::int64_t rise = 2 * std::int64_t{s.rise};
-    const std::ptrdiff_t diagonalStep = alongStep + acrossStep;
     rest -= full;  // reaches 0 where the minor axis moves
     for (std::int32_t i = first; i <= last; ++i) {
         *pixel = color;
-        const std::int64_t straight = rest + rise;
-        const std::int64_t turned = rest + (rise - full);
-        rest = straight < 0 ? straight : turned;
-        pixel += straight < 0 ? alongStep : diagonalStep;
+        rest += rise;
+        const std::int64_t moves = ~(rest >> 63);  // -1 or 0: a branch would be guessed wrong often
+        rest -= full & moves;
+        pixel += alongStep + (acrossStep & moves);
     }
 }
 
