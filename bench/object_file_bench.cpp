@@ -7,13 +7,12 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "Compare.h"
 #include "files/FileBuffer.h"
 #include "files/mObjectFile.h"
 #include "scene/mBrush.h"
@@ -21,6 +20,8 @@
 
 namespace korvane {
 namespace {
+
+using bench::Compare;
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -48,36 +49,6 @@ struct Subject {
 const Subject& TheSubject() {
     static const Subject subject;
     return subject;
-}
-
-template <typename Action>
-double Milliseconds(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    const std::chrono::duration<double, std::milli> elapsed =
-        std::chrono::steady_clock::now() - start;
-    return elapsed.count();
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-/// Times the operation as the benchmark and the reference between its rounds.
-template <typename Operation, typename Reference>
-void Compare(benchmark::State& state, Operation operation, Reference reference) {
-    std::vector<double> references;
-    std::vector<double> ratios;
-    for (auto _ : state) {
-        references.push_back(Milliseconds(reference));
-        const double own = Milliseconds(operation);
-        ratios.push_back(own / references.back());
-        state.SetIterationTime(own / 1000);
-    }
-    state.counters["reference_ms"] = Median(references);
-    state.counters["ratio"] = Median(ratios);
 }
 
 void Encode(benchmark::State& state) {

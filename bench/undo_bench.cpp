@@ -1,7 +1,6 @@
 // What one edit costs beside its change:
-//   Snapshot       : 10,000 boxes; at most twice encoding them and plainly writing the same bytes
-//   to
-//                    a new file, from an empty stack and from a full one that drops its oldest
+//   Snapshot       : 10,000 boxes; at most twice encoding them and plainly writing the same bytes,
+//                    from an empty stack and from a full one that drops its oldest
 //   MoveStep       : a drag step of one of 20,000 boxes, by one of a box alone; about 1
 //   MultiplyCopies : 1,000 copies of 10 brushes, by 100 copies; at most about 10
 // Operation and reference take turns; "ratio" is the median over the rounds.
@@ -11,11 +10,11 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "Compare.h"
 #include "editor/mMultiply.h"
 #include "editor/mUndo.h"
 #include "editor/mViewGestures.h"
@@ -26,6 +25,8 @@
 
 namespace korvane {
 namespace {
+
+using bench::Compare;
 
 namespace fs = std::filesystem;
 
@@ -57,35 +58,6 @@ struct Session {
     test::ScriptedPrompts prompts;
     Editor editor{host, prompts};
 };
-
-template <typename Action>
-double Milliseconds(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    const std::chrono::duration<double, std::milli> elapsed =
-        std::chrono::steady_clock::now() - start;
-    return elapsed.count();
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-template <typename Operation, typename Reference>
-void Compare(benchmark::State& state, Operation operation, Reference reference) {
-    std::vector<double> references;
-    std::vector<double> ratios;
-    for (auto _ : state) {
-        references.push_back(Milliseconds(reference));
-        const double own = Milliseconds(operation);
-        ratios.push_back(own / references.back());
-        state.SetIterationTime(own / 1000);
-    }
-    state.counters["reference_ms"] = Median(references);
-    state.counters["ratio"] = Median(ratios);
-}
 
 bool WritePlainly(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
