@@ -3,6 +3,7 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
@@ -42,6 +43,17 @@ void Compare(benchmark::State& state, Operation operation, Reference reference) 
     }
     state.counters["reference_ms"] = Median(references);
     state.counters["ratio"] = Median(ratios);
+}
+
+/// main() of a benchmark program whose memory stays with the process when freed. Otherwise it
+/// depends on the layout of the heap which side of a comparison pays for getting its pages anew.
+inline int RunWithKeptHeap(int argc, char** argv) {
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    mallopt(M_MMAP_THRESHOLD, 1 << 25);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
 }
 
 }  // namespace korvane::bench

@@ -5,7 +5,6 @@
 // Operation and reference take turns, and the counter "ratio" is the median over the rounds of the
 // time of one by the time of the other: what slows the machine for a while slows both.
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <cstring>
 #include <filesystem>
@@ -108,11 +107,5 @@ BENCHMARK(NormalsAlone)->Unit(benchmark::kMillisecond);
 }  // namespace korvane
 
 int main(int argc, char** argv) {
-    // Keeps freed memory in the process. Otherwise it depends on the layout of the heap which of
-    // the two sides of a comparison pays for getting its pages from the system anew.
-    mallopt(M_TRIM_THRESHOLD, 1 << 30);
-    mallopt(M_MMAP_THRESHOLD, 1 << 25);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    return korvane::bench::RunWithKeptHeap(argc, argv);
 }

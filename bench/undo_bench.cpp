@@ -6,7 +6,6 @@
 // Operation and reference take turns; "ratio" is the median over the rounds.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <malloc.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -127,11 +126,5 @@ BENCHMARK(MultiplyCopies)->UseManualTime()->Iterations(40)->Unit(benchmark::kMil
 }  // namespace korvane
 
 int main(int argc, char** argv) {
-    // Keeps freed memory in the process. Otherwise it depends on the layout of the heap which of
-    // the two sides of a comparison pays for getting its pages from the system anew.
-    mallopt(M_TRIM_THRESHOLD, 1 << 30);
-    mallopt(M_MMAP_THRESHOLD, 1 << 25);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    return korvane::bench::RunWithKeptHeap(argc, argv);
 }

@@ -10,12 +10,6 @@ namespace {
 
 class TransformTest : public testing::Test, protected SceneMaker {
   protected:
-    Brush& SelectedBox(const Vec3& min, const Vec3& max) {
-        Brush& brush = Create(Box, 4, min, max);
-        brush.selected = true;
-        return brush;
-    }
-
     void ExpectNear(const Vec3& a, const Vec3& b) {
         EXPECT_LT(Distance(a, b), 1e-5) << a.x << " " << a.y << " " << a.z;
     }

@@ -28,6 +28,13 @@ struct SceneMaker {
         const std::int32_t index = CreateBrush(scene, p1, p2, sides, Space());
         return scene.brushes.at(static_cast<std::size_t>(index));
     }
+
+    /// The same for a selected box with four sides.
+    Brush& SelectedBox(const Vec3& min, const Vec3& max) {
+        Brush& brush = Create(Box, 4, min, max);
+        brush.selected = true;
+        return brush;
+    }
 };
 
 inline Vec3 At(const Brush& brush, std::int32_t vertex) {

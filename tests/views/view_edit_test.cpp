@@ -17,12 +17,6 @@ namespace {
 
 class ViewEditTest : public testing::Test, protected SceneMaker {
   protected:
-    Brush& SelectedBox(const Vec3& min, const Vec3& max) {
-        Brush& brush = Create(Box, 4, min, max);
-        brush.selected = true;
-        return brush;
-    }
-
     /// The selected vertices of a brush, as "1" and "0".
     std::string Flags(std::size_t brush) const {
         std::string flags;
