@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "views/core/KeyMap.h"
+
 namespace korvane {
 
 /// A colour 0x00BBGGRR: red in the low byte.
@@ -106,6 +108,7 @@ struct Settings {
     float windowHeight = 0;
     std::array<bool, kWarnings> warnings = {true, true, true, true, true, true};
     ColorScheme colors;
+    KeyMap keyMap;
 
     /// Step of the grid that points snap to, world units; 0 with snap off.
     float SnapStep() const { return snapToGrid ? snapSize : 0; }
