@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QMenuBar>
+#include <QTimer>
 #include <QUrl>
 
 #include "app/frmArbitrarySize.h"
@@ -142,6 +143,10 @@ void frmMain::OpenDocument(const std::string& path) {
 
 void frmMain::FocusViews() {
     workspace_->FocusViews();
+}
+
+void frmMain::WhenIdle(std::function<void()> work) {
+    QTimer::singleShot(0, this, std::move(work));
 }
 
 void frmMain::CloseWindow() {

@@ -44,6 +44,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     void CloseForms() override;
     void OpenDocument(const std::string& path) override;
     void FocusViews() override;
+    void WhenIdle(std::function<void()> work) override;
     void CloseWindow() override;
 
   protected:

@@ -1,6 +1,7 @@
 // What an editing session asks of its outside. The window implements it; tests record it.
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace korvane {
@@ -73,6 +74,10 @@ class EditorHost {
 
     /// Gives the keyboard focus back to the views.
     virtual void FocusViews() = 0;
+
+    /// Runs the work in a later turn of the event loop, once the user's input has been served;
+    /// never when the program ends before.
+    virtual void WhenIdle(std::function<void()> work) = 0;
 
     /// Asks the main window to close.
     virtual void CloseWindow() = 0;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace korvane {
 
@@ -18,6 +19,7 @@ struct UndoCache {
     /// File names without folder, the oldest first. Those behind UndoCount are used up.
     std::array<std::string, kUndoSteps> UndoNames;
     std::int32_t UndoCount = 0;
+    std::vector<std::string> dropped;  ///< names of snapshots whose files are still to be deleted
     bool failureTold = false;  ///< the user knows that snapshots can't be written at the moment
     double (*clock)() = SecondsSinceMidnight;  ///< gives names their second part
 };

@@ -45,6 +45,7 @@ std::optional<std::string> StoreSnapshot(const Editor& editor, std::int32_t coun
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         std::string name = SnapshotName(count, seconds, attempt);
         if (std::ranges::count(editor.undo.UndoNames, name) > 0) continue;
+        if (std::ranges::count(editor.undo.dropped, name) > 0) continue;
         switch (CreateFile(CachePath(editor, name), bytes)) {
             case Creation::Done:
                 return name;
@@ -65,11 +66,18 @@ void TellFailureOnce(Editor& editor) {
               "Undo is not available for this step.");
 }
 
+void DeleteDropped(Editor& editor) {
+    for (const std::string& name : editor.undo.dropped) DeleteFile(CachePath(editor, name));
+    editor.undo.dropped.clear();
+}
+
+/// Deleting a large file takes as long as writing it: the user's edit does not wait for that.
 void DropOldest(Editor& editor) {
     UndoCache& undo = editor.undo;
-    DeleteFile(CachePath(editor, undo.UndoNames.front()));
+    undo.dropped.push_back(undo.UndoNames.front());
     std::ranges::rotate(undo.UndoNames, undo.UndoNames.begin() + 1);
     --undo.UndoCount;
+    editor.host.WhenIdle([&editor] { DeleteDropped(editor); });
 }
 
 }  // namespace
@@ -107,6 +115,7 @@ void Undo(Editor& editor) {
 }
 
 void ClearUndoCache(Editor& editor) {
+    DeleteDropped(editor);
     while (editor.undo.UndoCount > 0) {
         const std::size_t newest = static_cast<std::size_t>(--editor.undo.UndoCount);
         DeleteFile(CachePath(editor, editor.undo.UndoNames[newest]));

@@ -108,6 +108,15 @@ TEST_F(UndoTest, ANameInASlotIsNotUsedAgain) {
     EXPECT_EQ(std::ranges::unique(names).begin(), names.end());
 }
 
+TEST_F(UndoTest, WhatIsDroppedWhileBusyGoesWithTheRest) {
+    AddBox({0, 0, 0}, {1, 1, 1});
+    host.busy = true;
+    for (int i = 0; i < 53; ++i) Change();
+    EXPECT_EQ(SnapshotFiles(), 53);
+    ClearUndoCache(editor);
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
 TEST_F(UndoTest, TwoSessionsShareTheFolder) {
     Editor other{host, prompts};
     other.programFolder = folder.Path();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,6 +26,7 @@ struct RecordingHost : EditorHost {
     std::map<int, std::string> status;
     std::vector<Form> forms;
     std::vector<std::string> documents;
+    bool busy = false;  ///< work for an idle turn is dropped, as when the program ends before
 
     void RequestRedraw(unsigned set) override {
         redraws |= set;
@@ -38,6 +40,9 @@ struct RecordingHost : EditorHost {
     void CloseForms() override { ++formCloses; }
     void OpenDocument(const std::string& path) override { documents.push_back(path); }
     void FocusViews() override { ++focusReturns; }
+    void WhenIdle(std::function<void()> work) override {
+        if (!busy) work();
+    }
     void CloseWindow() override { ++closes; }
 };
 
