@@ -1,23 +1,22 @@
-#include "app/mPropertyPanel.h"
+#include "app/ucPropertyPanel.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QSlider>
 #include <QVBoxLayout>
 
 #include "editor/mSelectDialog.h"
-#include "scene/mSelection.h"
 
 namespace korvane {
 namespace {
 
-constexpr const char* kMultipleBrushes = "*Multiple Brushes*";
-constexpr const char* kMultipleGroups = "*Multiple Groups*";
-constexpr int kMostTransparency = 100;  // percent
-constexpr int kMostRotation = 360;      // degrees
+constexpr int kTransparencyPage = 10;  // percent, for a click beside the handle
+constexpr int kRotationPage = 15;      // degrees
 
 QLabel* Label(const char* name, const char* text) {
     auto* label = new QLabel(text);
@@ -25,30 +24,28 @@ QLabel* Label(const char* name, const char* text) {
     return label;
 }
 
-QLineEdit* TextBox(const QString& name) {
+QLineEdit* TextBox(const QString& name, const char* accessibleName) {
     auto* box = new QLineEdit;
     box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
     box->setMinimumWidth(40);
     return box;
 }
 
-QCheckBox* Check(const char* name, const char* caption) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(name);
-    return box;
-}
-
-QSlider* Slider(const char* name, int maximum) {
-    auto* slider = new QSlider(Qt::Horizontal);
-    slider->setObjectName(name);
-    slider->setRange(0, maximum);
-    return slider;
-}
-
 QFrame* Rule() {
     auto* rule = new QFrame;
-    rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    rule->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    rule->setForegroundRole(QPalette::Mid);
     return rule;
+}
+
+QWidget* SideBySide(QWidget* left, QWidget* right) {
+    auto* pair = new QWidget;
+    auto* row = new QHBoxLayout(pair);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(left);
+    row->addWidget(right);
+    return pair;
 }
 
 /// Rows of two columns, label and control, or one thing across both.
@@ -72,128 +69,230 @@ class Rows {
     QGridLayout* grid_;
 };
 
-/// Two text boxes side by side, for X and Y.
-QWidget* Pair(const char* name) {
-    auto* pair = new QWidget;
-    auto* row = new QHBoxLayout(pair);
-    row->setContentsMargins(0, 0, 0, 0);
-    const char* const axes[] = {"X", "Y"};
-    for (int i = 0; i < 2; ++i) {
-        QLineEdit* box = TextBox(QString("%1_%2").arg(name).arg(i));
-        box->setPlaceholderText(axes[i]);
-        box->setAccessibleName(axes[i]);
-        row->addWidget(box);
+Qt::CheckState StateOf(Check state) {
+    switch (state) {
+        case Check::Unchecked:
+            return Qt::Unchecked;
+        case Check::Checked:
+            return Qt::Checked;
+        case Check::Mixed:
+            return Qt::PartiallyChecked;
     }
-    return pair;
+    return Qt::Unchecked;
 }
 
-QLabel* ValueLabel(const char* name) {
-    QLabel* label = Label(name, "");
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return label;
-}
-
-/// Enter sets the group, unless the box only says that there are several. A focus that leaves for
-/// no other text box goes back to the views.
-void ConnectGroupBox(QLineEdit* box, Editor& editor) {
-    QObject::connect(box, &QLineEdit::returnPressed, box, [box, &editor] {
-        const std::string group = box->text().toStdString();
-        if (group != kMultipleGroups) SetGroupOfSelection(editor, group);
-        editor.host.FocusViews();
-    });
-    QObject::connect(box, &QLineEdit::editingFinished, box, [box, &editor] {
-        const bool typing = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
-        if (!box->hasFocus() && !typing) editor.host.FocusViews();
-    });
-}
-
-void AddNames(QVBoxLayout* column, Editor& editor) {
-    Rows rows(column);
-    QLineEdit* name = TextBox("txtBrushName");
-    name->setReadOnly(true);
-    rows.Add(Label("lblBrushName", "Name:"), name);
-    QLineEdit* group = TextBox("txtBrushGroup");
-    ConnectGroupBox(group, editor);
-    rows.Add(Label("lblBrushGroup", "Group:"), group);
-}
-
-void AddDisplay(QVBoxLayout* column) {
-    Rows rows(column);
-    rows.Add(Check("chkFlagInvisible", "Invisible"));
-    rows.Add(Check("chkFlagSmooth", "Smooth"));
-    rows.Add(Check("chkFlagTransparent", "Transparent"), ValueLabel("lblTransparent"));
-    rows.Add(Slider("hsTransparent", kMostTransparency));
-}
-
-void AddTexture(QVBoxLayout* column) {
-    {
-        Rows rows(column);
-        rows.Add(Check("chkTexLocal", "Local Coordinates"));
-        rows.Add(Label("lblOffset", "Offset:"), Pair("txtTextureOffset"));
-        rows.Add(Label("lblRepeat", "Repeat:"), Pair("txtTextureRepeat"));
-    }
-    Rows rows(column);
-    rows.Add(Check("chkRotate", "Rotated"), ValueLabel("lblRotate"));
-    rows.Add(Slider("hsRotate", kMostRotation));
-    rows.Add(Check("chkFlipped", "Flipped"));
-    rows.Add(Check("chkMirrored", "Mirrored"));
-}
-
-/// What the name and group boxes show.
-struct ShownNames {
-    QString name;
-    QString group;
-};
-
-ShownNames NamesOf(const Scene& scene) {
-    const Brush* first = nullptr;
-    bool several = false;
-    bool sameGroup = true;
-    for (const Brush& brush : scene.brushes) {
-        if (!brush.selected) continue;
-        several = first != nullptr;
-        if (first == nullptr) first = &brush;
-        sameGroup = sameGroup && brush.group == first->group;
-    }
-    if (first == nullptr) return {};
-    return {QString::fromStdString(several ? kMultipleBrushes : first->name),
-            QString::fromStdString(sameGroup ? first->group : kMultipleGroups)};
-}
-
-void ShowText(QWidget& panel, const char* box, const QString& text) {
-    panel.findChild<QLineEdit*>(box)->setText(text);
-}
-
-void Enable(QWidget& panel, const char* control, bool enabled) {
-    panel.findChild<QWidget*>(control)->setEnabled(enabled);
+bool IsOn(const QCheckBox* box) {
+    return box->checkState() != Qt::Unchecked;
 }
 
 }  // namespace
 
-void ShowBrushNames(QWidget& panel, const Scene& scene) {
-    const ShownNames names = NamesOf(scene);
-    const std::int32_t selected = CountSelectedBrushes(scene);
-    ShowText(panel, "txtBrushName", names.name);
-    ShowText(panel, "txtBrushGroup", names.group);
-    Enable(panel, "lblBrushName", selected == 1);
-    Enable(panel, "lblBrushGroup", selected > 0);
-    Enable(panel, "txtBrushGroup", selected > 0);
-}
-
-QWidget* MakePropertyControls(Editor& editor) {
-    auto* controls = new QWidget;
-    auto* column = new QVBoxLayout(controls);
+ucPropertyPanel::ucPropertyPanel(Editor& editor, QWidget* parent)
+    : QWidget(parent), editor_(editor) {
+    auto* column = new QVBoxLayout(this);
     column->setSpacing(8);
-    AddNames(column, editor);
+    AddNames(column);
     column->addWidget(Rule());
     AddDisplay(column);
     column->addWidget(Rule());
     AddTexture(column);
     column->addStretch(1);
-    for (QWidget* control : controls->findChildren<QWidget*>()) {
-        if (!control->objectName().isEmpty()) control->setEnabled(false);
+    ConnectGroupBox();
+    Refresh();
+}
+
+void ucPropertyPanel::AddNames(QVBoxLayout* column) {
+    lblBrushName_ = Label("lblBrushName", "Name:");
+    lblBrushGroup_ = Label("lblBrushGroup", "Group:");
+    txtBrushName_ = TextBox("txtBrushName", "Name");
+    txtBrushName_->setReadOnly(true);
+    txtBrushName_->setEnabled(false);
+    txtBrushGroup_ = TextBox("txtBrushGroup", "Group");
+    Rows rows(column);
+    rows.Add(lblBrushName_, txtBrushName_);
+    rows.Add(lblBrushGroup_, txtBrushGroup_);
+}
+
+void ucPropertyPanel::AddDisplay(QVBoxLayout* column) {
+    using P = ShownProperties;
+    Rows rows(column);
+    rows.Add(AddFlag("chkFlagInvisible", "Invisible", &P::invisible, SetInvisible));
+    rows.Add(AddFlag("chkFlagSmooth", "Smooth", &P::smooth, SetSmooth));
+    auto* box = AddFlag("chkFlagTransparent", "Transparent", &P::transparent, nullptr);
+    transparency_ = AddLevel(box, "hsTransparent", "lblTransparent", "%", kMostTransparency);
+    transparency_.slider->setPageStep(kTransparencyPage);
+    rows.Add(box, transparency_.label);
+    rows.Add(transparency_.slider);
+    connect(transparency_.slider, &QSlider::valueChanged, this, [this](int value) {
+        if (showing_) return;
+        EnableDependents();
+        if (transparency_.box->checkState() == Qt::Checked) SetTransparency(editor_, value);
+    });
+    connect(transparency_.slider, &QSlider::sliderReleased, this, &ucPropertyPanel::Refresh);
+}
+
+void ucPropertyPanel::AddTexture(QVBoxLayout* column) {
+    using P = ShownProperties;
+    {
+        Rows rows(column);
+        rows.Add(chkTexLocal_ =
+                     AddFlag("chkTexLocal", "Local Coordinates", &P::localCoords, SetLocalCoords));
+        offset_ = AddNumbers("lblOffset", "Offset:", "txtTextureOffset", SetTextureOffset);
+        rows.Add(offset_.label, SideBySide(offset_.boxes[0], offset_.boxes[1]));
+        repeat_ = AddNumbers("lblRepeat", "Repeat:", "txtTextureRepeat", SetTextureRepeat);
+        rows.Add(repeat_.label, SideBySide(repeat_.boxes[0], repeat_.boxes[1]));
     }
-    return controls;
+    Rows rows(column);
+    auto* box = AddFlag("chkRotate", "Rotated", &P::rotated, nullptr);
+    connect(box, &QCheckBox::stateChanged, this, &ucPropertyPanel::RotateClicked);
+    rotation_ = AddLevel(box, "hsRotate", "lblRotate", "°", kMostRotation);
+    rotation_.slider->setPageStep(kRotationPage);
+    rows.Add(box, rotation_.label);
+    rows.Add(rotation_.slider);
+    connect(rotation_.slider, &QSlider::valueChanged, this, [this](int value) {
+        if (showing_) return;
+        EnableDependents();
+        SetTextureRotation(editor_, value);
+    });
+    rows.Add(AddFlag("chkFlipped", "Flipped", &P::flipped, SetTextureFlipped));
+    rows.Add(AddFlag("chkMirrored", "Mirrored", &P::mirrored, SetTextureMirrored));
+}
+
+QCheckBox* ucPropertyPanel::AddFlag(const char* name, const char* caption,
+                                    Check ShownProperties::*shown, EditFlag edit) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(name);
+    box->setFocusPolicy(Qt::TabFocus);
+    connect(box, &QCheckBox::stateChanged, this, [this, box, edit] { FlagClicked(box, edit); });
+    flags_.push_back({box, shown});
+    return box;
+}
+
+ucPropertyPanel::Level ucPropertyPanel::AddLevel(QCheckBox* box, const char* slider,
+                                                 const char* label, const char* unit, int maximum) {
+    Level level{box, new QSlider(Qt::Horizontal), Label(label, ""), unit};
+    level.slider->setObjectName(slider);
+    level.slider->setAccessibleName(box->text());
+    level.slider->setRange(0, maximum);
+    level.slider->setFocusPolicy(Qt::ClickFocus);
+    level.slider->installEventFilter(this);
+    level.label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return level;
+}
+
+ucPropertyPanel::NumberPair ucPropertyPanel::AddNumbers(const char* label, const char* caption,
+                                                        const char* boxes, EditNumber edit) {
+    NumberPair pair{Label(label, caption), {}};
+    const char* const axes[] = {"X", "Y"};
+    for (int axis = 0; axis < 2; ++axis) {
+        QLineEdit* box = TextBox(QString("%1_%2").arg(boxes).arg(axis), axes[axis]);
+        box->setPlaceholderText(axes[axis]);
+        connect(box, &QLineEdit::returnPressed, this, [this, box, axis, edit] {
+            edit(editor_, axis, box->text().toStdString());
+            editor_.host.FocusViews();
+        });
+        pair.boxes[axis] = box;
+    }
+    return pair;
+}
+
+/// Enter sets the group, unless the box only says that there are several. A focus that leaves for
+/// no other text box goes back to the views.
+void ucPropertyPanel::ConnectGroupBox() {
+    connect(txtBrushGroup_, &QLineEdit::returnPressed, this, [this] {
+        const std::string group = txtBrushGroup_->text().toStdString();
+        if (group != kMultipleGroups) SetGroupOfSelection(editor_, group);
+        editor_.host.FocusViews();
+    });
+    connect(txtBrushGroup_, &QLineEdit::editingFinished, this, [this] {
+        const bool typing = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+        if (!txtBrushGroup_->hasFocus() && !typing) editor_.host.FocusViews();
+    });
+}
+
+/// A click on a mixed box checks it; mixed is a state that only a selection has.
+void ucPropertyPanel::FlagClicked(QCheckBox* box, EditFlag edit) {
+    if (showing_) return;
+    box->setTristate(false);
+    EnableDependents();
+    if (edit != nullptr) edit(editor_, box->isChecked());
+    editor_.host.FocusViews();
+}
+
+void ucPropertyPanel::RotateClicked() {
+    if (showing_) return;
+    const bool rotated = rotation_.box->isChecked();
+    if (!rotated && rotation_.slider->value() == 0) return;
+    {
+        const QScopedValueRollback showing(showing_, true);
+        if (!rotated) rotation_.slider->setValue(0);
+    }
+    SetTextureRotation(editor_, rotation_.slider->value());
+}
+
+void ucPropertyPanel::Refresh() {
+    const QWidget* focused = QApplication::focusWidget();
+    const bool hadFocus = focused != nullptr && isAncestorOf(focused);
+    {
+        const QScopedValueRollback showing(showing_, true);
+        const ShownProperties shown = PropertiesOf(editor_.scene);
+        ShowNames(shown);
+        ShowFlags(shown);
+        ShowLevel(transparency_, shown.transparency);
+        ShowLevel(rotation_, shown.rotation);
+        for (int axis = 0; axis < 2; ++axis) {
+            offset_.boxes[axis]->setText(QString::fromStdString(shown.offsets[axis]));
+            repeat_.boxes[axis]->setText(QString::fromStdString(shown.repeats[axis]));
+        }
+        EnableDependents();
+    }
+    if (hadFocus && !focused->isEnabled()) editor_.host.FocusViews();
+}
+
+void ucPropertyPanel::ShowNames(const ShownProperties& shown) {
+    txtBrushName_->setText(QString::fromStdString(shown.name));
+    txtBrushGroup_->setText(QString::fromStdString(shown.group));
+    lblBrushName_->setEnabled(shown.selectedBrushes == 1);
+    lblBrushGroup_->setEnabled(shown.selectedBrushes > 0);
+    txtBrushGroup_->setEnabled(shown.selectedBrushes > 0);
+}
+
+void ucPropertyPanel::ShowFlags(const ShownProperties& shown) {
+    for (const Flag& flag : flags_) {
+        if (flag.box == transparency_.box && transparency_.slider->isSliderDown()) continue;
+        flag.box->setEnabled(shown.selectedBrushes > 0);
+        flag.box->setTristate(false);
+        flag.box->setCheckState(StateOf(shown.*flag.shown));
+    }
+}
+
+void ucPropertyPanel::ShowLevel(const Level& level, std::int32_t value) {
+    if (level.box->checkState() == Qt::Checked && !level.slider->isSliderDown())
+        level.slider->setValue(value);
+}
+
+/// What depends on a box is enabled with it. A mixed box enables as well.
+void ucPropertyPanel::EnableDependents() {
+    const bool local = IsOn(chkTexLocal_);
+    for (const NumberPair& pair : {offset_, repeat_}) {
+        pair.label->setEnabled(local);
+        for (QLineEdit* box : pair.boxes) box->setEnabled(local);
+    }
+    for (const Level& level : {transparency_, rotation_}) {
+        const bool on = IsOn(level.box);
+        level.slider->setEnabled(on);
+        level.label->setEnabled(on);
+        level.label->setText(on ? QString::number(level.slider->value()) + level.unit : QString());
+    }
+}
+
+bool ucPropertyPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) editor_.host.FocusViews();
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace korvane
