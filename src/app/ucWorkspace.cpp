@@ -1,6 +1,6 @@
 #include "app/ucWorkspace.h"
 
-#include "app/mPropertyPanel.h"
+#include "app/ucPropertyPanel.h"
 #include "editor/mViews.h"
 #include "textures/ui/ucTextureList.h"
 #include "views/ui/ucDepthGauge.h"
@@ -37,7 +37,8 @@ ucWorkspace::ucWorkspace(Editor& editor, RenderContext& context, TextureObjects&
     pbFocusKeeper_->setObjectName("pbFocusKeeper");
     pbFocusKeeper_->setFocusPolicy(Qt::StrongFocus);
     pbFocusKeeper_->setFixedSize(1, 1);  // a hidden widget would get no keys
-    conProps_->SetContent(MakePropertyControls(editor));
+    properties_ = new ucPropertyPanel(editor);
+    conProps_->SetContent(properties_);
     for (int view = 0; view < kViewCount; ++view) {
         pbView_[view] = new ucView(editor, view, this);
         pbView_[view]->setObjectName(QString("pbView%1").arg(view));
@@ -109,7 +110,7 @@ void ucWorkspace::MarkDirty(unsigned redrawSet) {
 }
 
 void ucWorkspace::RefreshPropertyPanel() {
-    ShowBrushNames(*conProps_, editor_.scene);
+    properties_->Refresh();
 }
 
 void ucWorkspace::FocusViews() {

@@ -14,6 +14,7 @@ namespace korvane {
 class ucContainer;
 class ucDepthGauge;
 class ucPreview;
+class ucPropertyPanel;
 class ucSplitGrip;
 class ucTextureList;
 class ucView;
@@ -53,6 +54,7 @@ class ucWorkspace final : public QWidget {
 
     Editor& editor_;
     ucContainer* conProps_;
+    ucPropertyPanel* properties_;
     std::array<ucView*, kViewCount> pbView_;
     ucDepthGauge* pbDepth_;
     ucPreview* pbOpenGL_;

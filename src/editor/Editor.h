@@ -64,6 +64,7 @@ struct Editor {
     Scene scene;
     TextureLibrary textures;
     Settings settings;
+    KnownTextureCoords knownCoords;
 
     std::array<ViewState, kViewCount> views;
     ViewState gauge;      ///< only the vertical components are used

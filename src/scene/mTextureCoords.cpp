@@ -108,14 +108,17 @@ class Finish {
     double cos_ = 1, sin_ = 0;
 };
 
+/// Whether a coordinate changed.
 template <class Mapping>
-void Project(const Brush& brush, BrushFace& face, const Mapping& u, const Mapping& v) {
+bool Project(const Brush& brush, BrushFace& face, const Mapping& u, const Mapping& v) {
     const Finish finish(face);
+    const auto before = face.uv;
     const std::int32_t corners[3] = {face.a, face.b, face.c};
     for (std::size_t i = 0; i < 3; ++i) {
         const Vertex& p = brush.vertices[static_cast<std::size_t>(corners[i])];
         face.uv[i] = finish(u(p), v(p));
     }
+    return face.uv != before;
 }
 
 /// World size of one tile of a texture.
@@ -127,21 +130,42 @@ struct Tile {
           height(space.library.TextureHeight(texture) * double{space.TextureScale} / 512) {}
 };
 
-}  // namespace
-
-void UpdateTextureCoords(Brush& brush, const TextureSpace& space) {
+/// Whether a coordinate of the brush changed.
+bool ProjectFaces(Brush& brush, const TextureSpace& space) {
     const Bounds bounds = BrushBounds(brush);
+    bool changed = false;
     for (BrushFace& face : brush.faces) {
         const auto& [u, v] = ProjectionOf(face.normal);
         if (face.localCoords) {
-            Project(brush, face, Stretched(u, bounds, face.repeatX, face.offsetX),
-                    Stretched(v, bounds, face.repeatY, face.offsetY));
+            changed |= Project(brush, face, Stretched(u, bounds, face.repeatX, face.offsetX),
+                               Stretched(v, bounds, face.repeatY, face.offsetY));
         } else {
             const Tile tile(face.texture, space);
-            Project(brush, face, Tiled(u, tile.width), Tiled(v, tile.height));
+            changed |= Project(brush, face, Tiled(u, tile.width), Tiled(v, tile.height));
         }
     }
+    return changed;
+}
+
+}  // namespace
+
+void UpdateTextureCoords(Brush& brush, const TextureSpace& space) {
+    ProjectFaces(brush, space);
     Touch(brush);
+}
+
+void UpdateAllTextureCoords(Scene& scene, const TextureSpace& space, KnownTextureCoords& known) {
+    const std::int32_t listCount = space.library.ListCount();
+    if (known.TextureScale != space.TextureScale || known.listCount != listCount) {
+        known = {space.TextureScale, listCount, {}};
+    }
+    known.revisions.resize(scene.brushes.size());  // 0 is the stamp of no changed brush
+    for (std::size_t i = 0; i < scene.brushes.size(); ++i) {
+        Brush& brush = scene.brushes[i];
+        if (brush.revision != 0 && brush.revision == known.revisions[i]) continue;
+        if (ProjectFaces(brush, space)) Touch(brush);
+        known.revisions[i] = brush.revision;
+    }
 }
 
 void UpdateSelectedTextureCoords(Scene& scene, const TextureSpace& space) {

@@ -21,6 +21,19 @@ void UpdateTextureCoords(Brush& brush, const TextureSpace& space);
 /// UpdateTextureCoords of every selected brush.
 void UpdateSelectedTextureCoords(Scene& scene, const TextureSpace& space);
 
+/// What the coordinates of brushes were last computed from by UpdateAllTextureCoords. It belongs to
+/// one scene and one library.
+struct KnownTextureCoords {
+    float TextureScale = 0;
+    std::int32_t listCount = 0;            ///< entries of the library, which only ever grows
+    std::vector<std::uint64_t> revisions;  ///< by brush
+};
+
+/// UpdateTextureCoords of every brush. Passes over the brushes that have not changed since the last
+/// call, because they would get the coordinates they have; and a brush that gets those it had keeps
+/// its revision.
+void UpdateAllTextureCoords(Scene& scene, const TextureSpace& space, KnownTextureCoords& known);
+
 /// Gives every face of the brush the library's selected texture.
 void AssignTextureToBrush(Brush& brush, const TextureLibrary& library);
 

@@ -1,0 +1,298 @@
+#include "app/ucPropertyPanel.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QSlider>
+#include <QVBoxLayout>
+
+#include "editor/mSelectDialog.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kTransparencyPage = 10;  // percent, for a click beside the handle
+constexpr int kRotationPage = 15;      // degrees
+
+QLabel* Label(const char* name, const char* text) {
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    return label;
+}
+
+QLineEdit* TextBox(const QString& name, const char* accessibleName) {
+    auto* box = new QLineEdit;
+    box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
+    box->setMinimumWidth(40);
+    return box;
+}
+
+QFrame* Rule() {
+    auto* rule = new QFrame;
+    rule->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    rule->setForegroundRole(QPalette::Mid);
+    return rule;
+}
+
+QWidget* SideBySide(QWidget* left, QWidget* right) {
+    auto* pair = new QWidget;
+    auto* row = new QHBoxLayout(pair);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(left);
+    row->addWidget(right);
+    return pair;
+}
+
+/// Rows of two columns, label and control, or one thing across both.
+class Rows {
+  public:
+    explicit Rows(QVBoxLayout* column) : grid_(new QGridLayout) {
+        grid_->setHorizontalSpacing(8);
+        grid_->setVerticalSpacing(6);
+        grid_->setColumnStretch(1, 1);
+        column->addLayout(grid_);
+    }
+
+    void Add(QWidget* left, QWidget* right) {
+        const int row = grid_->rowCount();
+        grid_->addWidget(left, row, 0);
+        grid_->addWidget(right, row, 1);
+    }
+    void Add(QWidget* across) { grid_->addWidget(across, grid_->rowCount(), 0, 1, 2); }
+
+  private:
+    QGridLayout* grid_;
+};
+
+Qt::CheckState StateOf(Check state) {
+    switch (state) {
+        case Check::Unchecked:
+            return Qt::Unchecked;
+        case Check::Checked:
+            return Qt::Checked;
+        case Check::Mixed:
+            return Qt::PartiallyChecked;
+    }
+    return Qt::Unchecked;
+}
+
+bool IsOn(const QCheckBox* box) {
+    return box->checkState() != Qt::Unchecked;
+}
+
+}  // namespace
+
+ucPropertyPanel::ucPropertyPanel(Editor& editor, QWidget* parent)
+    : QWidget(parent), editor_(editor) {
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(8);
+    AddNames(column);
+    column->addWidget(Rule());
+    AddDisplay(column);
+    column->addWidget(Rule());
+    AddTexture(column);
+    column->addStretch(1);
+    ConnectGroupBox();
+    Refresh();
+}
+
+void ucPropertyPanel::AddNames(QVBoxLayout* column) {
+    lblBrushName_ = Label("lblBrushName", "Name:");
+    lblBrushGroup_ = Label("lblBrushGroup", "Group:");
+    txtBrushName_ = TextBox("txtBrushName", "Name");
+    txtBrushName_->setReadOnly(true);
+    txtBrushName_->setEnabled(false);
+    txtBrushGroup_ = TextBox("txtBrushGroup", "Group");
+    Rows rows(column);
+    rows.Add(lblBrushName_, txtBrushName_);
+    rows.Add(lblBrushGroup_, txtBrushGroup_);
+}
+
+void ucPropertyPanel::AddDisplay(QVBoxLayout* column) {
+    using P = ShownProperties;
+    Rows rows(column);
+    rows.Add(AddFlag("chkFlagInvisible", "Invisible", &P::invisible, SetInvisible));
+    rows.Add(AddFlag("chkFlagSmooth", "Smooth", &P::smooth, SetSmooth));
+    auto* box = AddFlag("chkFlagTransparent", "Transparent", &P::transparent, nullptr);
+    transparency_ = AddLevel(box, "hsTransparent", "lblTransparent", "%", kMostTransparency);
+    transparency_.slider->setPageStep(kTransparencyPage);
+    rows.Add(box, transparency_.label);
+    rows.Add(transparency_.slider);
+    connect(transparency_.slider, &QSlider::valueChanged, this, [this](int value) {
+        if (showing_) return;
+        EnableDependents();
+        if (transparency_.box->checkState() == Qt::Checked) SetTransparency(editor_, value);
+    });
+    connect(transparency_.slider, &QSlider::sliderReleased, this, &ucPropertyPanel::Refresh);
+}
+
+void ucPropertyPanel::AddTexture(QVBoxLayout* column) {
+    using P = ShownProperties;
+    {
+        Rows rows(column);
+        rows.Add(chkTexLocal_ =
+                     AddFlag("chkTexLocal", "Local Coordinates", &P::localCoords, SetLocalCoords));
+        offset_ = AddNumbers("lblOffset", "Offset:", "txtTextureOffset", SetTextureOffset);
+        rows.Add(offset_.label, SideBySide(offset_.boxes[0], offset_.boxes[1]));
+        repeat_ = AddNumbers("lblRepeat", "Repeat:", "txtTextureRepeat", SetTextureRepeat);
+        rows.Add(repeat_.label, SideBySide(repeat_.boxes[0], repeat_.boxes[1]));
+    }
+    Rows rows(column);
+    auto* box = AddFlag("chkRotate", "Rotated", &P::rotated, nullptr);
+    connect(box, &QCheckBox::stateChanged, this, &ucPropertyPanel::RotateClicked);
+    rotation_ = AddLevel(box, "hsRotate", "lblRotate", "°", kMostRotation);
+    rotation_.slider->setPageStep(kRotationPage);
+    rows.Add(box, rotation_.label);
+    rows.Add(rotation_.slider);
+    connect(rotation_.slider, &QSlider::valueChanged, this, [this](int value) {
+        if (showing_) return;
+        EnableDependents();
+        SetTextureRotation(editor_, value);
+    });
+    rows.Add(AddFlag("chkFlipped", "Flipped", &P::flipped, SetTextureFlipped));
+    rows.Add(AddFlag("chkMirrored", "Mirrored", &P::mirrored, SetTextureMirrored));
+}
+
+QCheckBox* ucPropertyPanel::AddFlag(const char* name, const char* caption,
+                                    Check ShownProperties::*shown, EditFlag edit) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(name);
+    box->setFocusPolicy(Qt::TabFocus);
+    connect(box, &QCheckBox::stateChanged, this, [this, box, edit] { FlagClicked(box, edit); });
+    flags_.push_back({box, shown});
+    return box;
+}
+
+ucPropertyPanel::Level ucPropertyPanel::AddLevel(QCheckBox* box, const char* slider,
+                                                 const char* label, const char* unit, int maximum) {
+    Level level{box, new QSlider(Qt::Horizontal), Label(label, ""), unit};
+    level.slider->setObjectName(slider);
+    level.slider->setAccessibleName(box->text());
+    level.slider->setRange(0, maximum);
+    level.slider->setFocusPolicy(Qt::ClickFocus);
+    level.slider->installEventFilter(this);
+    level.label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return level;
+}
+
+ucPropertyPanel::NumberPair ucPropertyPanel::AddNumbers(const char* label, const char* caption,
+                                                        const char* boxes, EditNumber edit) {
+    NumberPair pair{Label(label, caption), {}};
+    const char* const axes[] = {"X", "Y"};
+    for (int axis = 0; axis < 2; ++axis) {
+        QLineEdit* box = TextBox(QString("%1_%2").arg(boxes).arg(axis), axes[axis]);
+        box->setPlaceholderText(axes[axis]);
+        connect(box, &QLineEdit::returnPressed, this, [this, box, axis, edit] {
+            edit(editor_, axis, box->text().toStdString());
+            editor_.host.FocusViews();
+        });
+        pair.boxes[axis] = box;
+    }
+    return pair;
+}
+
+/// Enter sets the group, unless the box only says that there are several. A focus that leaves for
+/// no other text box goes back to the views.
+void ucPropertyPanel::ConnectGroupBox() {
+    connect(txtBrushGroup_, &QLineEdit::returnPressed, this, [this] {
+        const std::string group = txtBrushGroup_->text().toStdString();
+        if (group != kMultipleGroups) SetGroupOfSelection(editor_, group);
+        editor_.host.FocusViews();
+    });
+    connect(txtBrushGroup_, &QLineEdit::editingFinished, this, [this] {
+        const bool typing = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+        if (!txtBrushGroup_->hasFocus() && !typing) editor_.host.FocusViews();
+    });
+}
+
+/// A click on a mixed box checks it; mixed is a state that only a selection has.
+void ucPropertyPanel::FlagClicked(QCheckBox* box, EditFlag edit) {
+    if (showing_) return;
+    box->setTristate(false);
+    EnableDependents();
+    if (edit != nullptr) edit(editor_, box->isChecked());
+    editor_.host.FocusViews();
+}
+
+void ucPropertyPanel::RotateClicked() {
+    if (showing_) return;
+    const bool rotated = rotation_.box->isChecked();
+    if (!rotated && rotation_.slider->value() == 0) return;
+    {
+        const QScopedValueRollback showing(showing_, true);
+        if (!rotated) rotation_.slider->setValue(0);
+    }
+    SetTextureRotation(editor_, rotation_.slider->value());
+}
+
+void ucPropertyPanel::Refresh() {
+    const QWidget* focused = QApplication::focusWidget();
+    const bool hadFocus = focused != nullptr && isAncestorOf(focused);
+    {
+        const QScopedValueRollback showing(showing_, true);
+        const ShownProperties shown = PropertiesOf(editor_.scene);
+        ShowNames(shown);
+        ShowFlags(shown);
+        ShowLevel(transparency_, shown.transparency);
+        ShowLevel(rotation_, shown.rotation);
+        for (int axis = 0; axis < 2; ++axis) {
+            offset_.boxes[axis]->setText(QString::fromStdString(shown.offsets[axis]));
+            repeat_.boxes[axis]->setText(QString::fromStdString(shown.repeats[axis]));
+        }
+        EnableDependents();
+    }
+    if (hadFocus && !focused->isEnabled()) editor_.host.FocusViews();
+}
+
+void ucPropertyPanel::ShowNames(const ShownProperties& shown) {
+    txtBrushName_->setText(QString::fromStdString(shown.name));
+    txtBrushGroup_->setText(QString::fromStdString(shown.group));
+    lblBrushName_->setEnabled(shown.selectedBrushes == 1);
+    lblBrushGroup_->setEnabled(shown.selectedBrushes > 0);
+    txtBrushGroup_->setEnabled(shown.selectedBrushes > 0);
+}
+
+void ucPropertyPanel::ShowFlags(const ShownProperties& shown) {
+    for (const Flag& flag : flags_) {
+        if (flag.box == transparency_.box && transparency_.slider->isSliderDown()) continue;
+        flag.box->setEnabled(shown.selectedBrushes > 0);
+        flag.box->setTristate(false);
+        flag.box->setCheckState(StateOf(shown.*flag.shown));
+    }
+}
+
+void ucPropertyPanel::ShowLevel(const Level& level, std::int32_t value) {
+    if (level.box->checkState() == Qt::Checked && !level.slider->isSliderDown())
+        level.slider->setValue(value);
+}
+
+/// What depends on a box is enabled with it. A mixed box enables as well.
+void ucPropertyPanel::EnableDependents() {
+    const bool local = IsOn(chkTexLocal_);
+    for (const NumberPair& pair : {offset_, repeat_}) {
+        pair.label->setEnabled(local);
+        for (QLineEdit* box : pair.boxes) box->setEnabled(local);
+    }
+    for (const Level& level : {transparency_, rotation_}) {
+        const bool on = IsOn(level.box);
+        level.slider->setEnabled(on);
+        level.label->setEnabled(on);
+        level.label->setText(on ? QString::number(level.slider->value()) + level.unit : QString());
+    }
+}
+
+bool ucPropertyPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) editor_.host.FocusViews();
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace korvane
