@@ -84,11 +84,16 @@ bool KeyInput::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Later, because the control has not seen the event yet.
+/// Later, because the control has not seen the event yet; unless someone types elsewhere by then.
 void KeyInput::HandBackAfterMouse(QObject* used) {
     if (!IsInWindow(used) || IsTextBox(used) || qobject_cast<QMenuBar*>(used) != nullptr) return;
-    QMetaObject::invokeMethod(
-        this, [this] { editor_.host.FocusViews(); }, Qt::QueuedConnection);
+    const QWidget* focus = window_.focusWidget();
+    if (focus == &workspace_.FocusKeeper()) return;
+    const auto handBack = [this, focus] {
+        const QWidget* now = window_.focusWidget();
+        if (now == focus || !IsTextBox(now)) editor_.host.FocusViews();
+    };
+    QMetaObject::invokeMethod(this, handBack, Qt::QueuedConnection);
 }
 
 bool KeyInput::HandsBack(const QKeyEvent& event, int code) const {
@@ -111,7 +116,8 @@ bool KeyInput::HandleKey(QKeyEvent& event) {
     if (IsTextBox(window_.focusWidget())) return false;
     if (code == kTab && !IsBound(editor_.settings.keyMap, kTab)) return false;
     if (event.isAutoRepeat()) return true;
-    press ? PressKey(editor_, KeyId(event), code) : ReleaseKey(editor_, KeyId(event));
+    press ? PressKey(editor_, KeyId(event), code, event.timestamp())
+          : ReleaseKey(editor_, KeyId(event), event.timestamp());
     return true;
 }
 

@@ -19,10 +19,18 @@ struct KeySource {
     unsigned pressedAt = 0;  ///< KeyBoard::ticks at the press
 };
 
+/// A release that may turn out to be half of the keyboard's own repeat.
+struct KeyRelease {
+    KeySource source;
+    bool held = false;       ///< what the entry of its code was before
+    std::uint64_t time = 0;  ///< as the window system dates it; 0 is unknown
+};
+
 /// Key-state table and what keeps it true to the keyboard.
 struct KeyBoard {
     std::array<bool, kKeyCodes> held{};  ///< by virtual-key code; a command resets its entry
     std::vector<KeySource> sources;
+    KeyRelease lastRelease;
     bool viewMoved = false;     ///< the mouse turned the camera since the last tick
     bool running = false;       ///< ticks are due until one finds that no key is held
     unsigned ticks = 0;         ///< run so far, modulo 2^32

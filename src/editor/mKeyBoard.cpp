@@ -147,6 +147,16 @@ void Run(Editor& editor) {
     editor.host.RunKeyBoardTimer();
 }
 
+/// A command that the key has run does not run again.
+void TakeReleaseBack(Editor& editor) {
+    KeyBoard& keys = editor.keyBoard;
+    const auto& [source, held, time] = keys.lastRelease;
+    keys.sources.push_back(source);
+    if (!held) return;
+    keys.held[static_cast<std::size_t>(source.code)] = true;
+    Run(editor);
+}
+
 }  // namespace
 
 std::int64_t SteadyMilliseconds() {
@@ -154,9 +164,11 @@ std::int64_t SteadyMilliseconds() {
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-void PressKey(Editor& editor, int source, int code) {
+void PressKey(Editor& editor, int source, int code, std::uint64_t time) {
     if (code <= 0 || code >= kKeyCodes) return;
     KeyBoard& keys = editor.keyBoard;
+    if (time != 0 && time == keys.lastRelease.time && source == keys.lastRelease.source.id)
+        return TakeReleaseBack(editor);
     Drop(keys, source);  // a press without a release before it: that one was lost
     keys.sources.push_back({source, code, 0});
     AdvanceKeyBoard(editor);  // the time before the press is not this key's
@@ -167,7 +179,7 @@ void PressKey(Editor& editor, int source, int code) {
     Run(editor);
 }
 
-void ReleaseKey(Editor& editor, int source) {
+void ReleaseKey(Editor& editor, int source, std::uint64_t time) {
     KeyBoard& keys = editor.keyBoard;
     if (Find(keys, source) == nullptr) return;
     AdvanceKeyBoard(editor);
@@ -176,11 +188,15 @@ void ReleaseKey(Editor& editor, int source) {
         keys.tickTime += kKeyBoardTick;
         KeyBoardTick(editor);
     }
+    released = Find(keys, source);
+    if (released == nullptr) return;  // a command took the keyboard away
+    keys.lastRelease = {*released, keys.held[static_cast<std::size_t>(released->code)], time};
     Drop(keys, source);
 }
 
 void ReleaseAllKeys(Editor& editor) {
     editor.keyBoard.sources.clear();
+    editor.keyBoard.lastRelease = {};
     editor.keyBoard.held.fill(false);
 }
 

@@ -12,8 +12,12 @@ inline constexpr int kKeyBoardTick = 10;  // milliseconds
 /// code one may be released while the other holds it; the code of the release is that of the press.
 /// A key that no tick has seen yet gets one before it goes up: a short tap is not lost.
 /// Codes outside 1..255 are no key.
-void PressKey(Editor& editor, int source, int code);
-void ReleaseKey(Editor& editor, int source);
+///
+/// `time` is the window system's date of the event in milliseconds, 0 if it is not known. X11 tells
+/// a held key again and again as released and pressed in the same millisecond: such a press only
+/// takes the release back.
+void PressKey(Editor& editor, int source, int code, std::uint64_t time = 0);
+void ReleaseKey(Editor& editor, int source, std::uint64_t time = 0);
 
 /// No key is held any more: the keyboard went to someone else, who gets the releases.
 void ReleaseAllKeys(Editor& editor);

@@ -219,6 +219,31 @@ TEST_F(KeyBoardTest, OfTwoKeysWithOneCodeEachHoldsIt) {
     EXPECT_FALSE(Held(kShift));
 }
 
+TEST_F(KeyBoardTest, ARepeatedKeyIsOnePress) {
+    Level();
+    PressKey(editor, 25, 87, 5000);
+    PressKey(editor, 48, 66, 5000);
+    editor.scene.editMode = FaceEdit;
+    for (int repeat = 1; repeat <= 3; ++repeat) {
+        ReleaseKey(editor, 25, 5000 + 40 * repeat);
+        PressKey(editor, 25, 87, 5000 + 40 * repeat);
+        After(40);
+    }
+    EXPECT_EQ(camera.z, -12 * 0.25F);
+    ReleaseKey(editor, 25, 6000);
+    After(10);
+    EXPECT_EQ(editor.scene.editMode, BrushMove) << "B ran";
+    editor.scene.editMode = FaceEdit;
+    ReleaseKey(editor, 48, 6100);
+    PressKey(editor, 48, 66, 6100);
+    After(10);
+    EXPECT_EQ(editor.scene.editMode, FaceEdit);
+    ReleaseKey(editor, 48, 6200);
+    PressKey(editor, 48, 66, 6300);
+    After(10);
+    EXPECT_EQ(editor.scene.editMode, BrushMove) << "a new press";
+}
+
 TEST_F(KeyBoardTest, AFunctionWithoutAKeyIsNeverHeld) {
     editor.settings.keyMap[F::MoveForward] = 0;
     editor.settings.keyMap[F::TurnLeft] = 300;  // files may hold any number
