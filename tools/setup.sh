@@ -24,4 +24,4 @@ need() {
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libglu1-mesa-dev
     libgtest-dev libgmock-dev libbenchmark-dev)
 run_packages=(libgl1-mesa-dri fonts-dejavu-core)
-display_packages=(xvfb openbox)
+display_packages=(xvfb openbox xdotool)

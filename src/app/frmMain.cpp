@@ -12,6 +12,7 @@
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/mCommandActions.h"
+#include "app/mKeyInput.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
 #include "editor/mTextureCommands.h"
@@ -47,12 +48,15 @@ frmMain::frmMain(Prompts& prompts, const std::string& programFolder) : editor_(*
     setCentralWidget(workspace_);
     connect(&workspace_->TextureList(), &ucTextureList::Click, this,
             [this](int index) { TextureClicked(editor_, index); });
+    keyInput_ = std::make_unique<KeyInput>(editor_, *this, *workspace_);
+    connect(menuBar(), &QMenuBar::triggered, this, &frmMain::FocusViews);
     setMinimumSize(kLeastSize);
     resize(kDesignSize);
     ShowCommandStates();
 }
 
 frmMain::~frmMain() {
+    keyInput_.reset();
     delete takeCentralWidget();  // its surfaces refer to the session and the context
 }
 
@@ -77,6 +81,7 @@ bool frmMain::StartUp(ContextMaker makeContext) {
     log.close();
     editor_.SceneModified = false;
     RefreshAll(editor_);
+    FocusViews();
     return true;
 }
 
@@ -149,6 +154,10 @@ void frmMain::WhenIdle(std::function<void()> work) {
     QTimer::singleShot(0, this, std::move(work));
 }
 
+void frmMain::RunKeyBoardTimer() {
+    keyInput_->RunTimer();
+}
+
 void frmMain::CloseWindow() {
     close();
 }
@@ -158,6 +167,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    keyInput_->LoseKeys();
     CloseForms();
     CloseRenderContext(editor_, context_);
     ClearUndoCache(editor_);

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <memory>
 
 #include "app/mStartUp.h"
 #include "editor/Editor.h"
@@ -11,6 +12,7 @@
 namespace korvane {
 
 class CommandActions;
+class KeyInput;
 class frmFreeRotate;
 class frmMultiply;
 class ucStatusBar;
@@ -45,6 +47,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     void OpenDocument(const std::string& path) override;
     void FocusViews() override;
     void WhenIdle(std::function<void()> work) override;
+    void RunKeyBoardTimer() override;
     void CloseWindow() override;
 
   protected:
@@ -63,6 +66,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     ucToolBar* editBar_;
     ucWorkspace* workspace_;
     ucStatusBar* statusBar_;
+    std::unique_ptr<KeyInput> keyInput_;  ///< goes before the controls it watches
     QPointer<frmFreeRotate> freeRotate_;  ///< null or closed: not open
     QPointer<frmMultiply> multiply_;
 };

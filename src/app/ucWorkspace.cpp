@@ -36,6 +36,7 @@ ucWorkspace::ucWorkspace(Editor& editor, RenderContext& context, TextureObjects&
     pbFocusKeeper_ = new QWidget(this);
     pbFocusKeeper_->setObjectName("pbFocusKeeper");
     pbFocusKeeper_->setFocusPolicy(Qt::StrongFocus);
+    pbFocusKeeper_->setAccessibleName(tr("Views"));
     pbFocusKeeper_->setFixedSize(1, 1);  // a hidden widget would get no keys
     properties_ = new ucPropertyPanel(editor);
     conProps_->SetContent(properties_);

@@ -41,6 +41,7 @@ class ucWorkspace final : public QWidget {
     void FocusViews();
 
     ucTextureList& TextureList() { return *textureList_; }
+    QWidget& FocusKeeper() { return *pbFocusKeeper_; }
     ucPreview& Preview() { return *pbOpenGL_; }
 
   protected:

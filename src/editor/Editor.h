@@ -6,6 +6,7 @@
 #include <string>
 
 #include "editor/EditorHost.h"
+#include "editor/KeyBoard.h"
 #include "editor/Prompts.h"
 #include "editor/UndoCache.h"
 #include "files/Settings.h"
@@ -46,6 +47,19 @@ struct GaugeGesture {
     bool panning = false;  ///< the right button is down
 };
 
+enum MouseLookState : std::int16_t {
+    LookOff = 0,
+    LookOn = 1,
+    LookRecentred = 2  ///< on, and the cursor has just been put back into the middle of the view
+};
+
+/// State of the mouse over the 3D preview.
+struct MouseLook {
+    std::int16_t state = LookOff;
+    float lastX = 0;  ///< pixel position that the next move is counted from
+    float lastY = 0;
+};
+
 /// What the multiply dialog remembers between uses.
 struct Multiply {
     std::int16_t count = 0;
@@ -75,6 +89,8 @@ struct Editor {
     Vec3 CursorPoint;  ///< world point under the mouse
     ViewGesture gesture;
     GaugeGesture gaugeGesture;
+    KeyBoard keyBoard;
+    MouseLook mouseLook;
 
     UndoCache undo;
     Vec3 freeRotate;  ///< last angles typed into the free-rotate dialog, degrees

@@ -79,6 +79,10 @@ class EditorHost {
     /// never when the program ends before.
     virtual void WhenIdle(std::function<void()> work) = 0;
 
+    /// A key is held: calls AdvanceKeyBoard every 10 ms from now on, until it leaves
+    /// `keyBoard.running` false.
+    virtual void RunKeyBoardTimer() = 0;
+
     /// Asks the main window to close.
     virtual void CloseWindow() = 0;
 };

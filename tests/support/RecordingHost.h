@@ -23,6 +23,7 @@ struct RecordingHost : EditorHost {
     int closes = 0;
     int formCloses = 0;
     int focusReturns = 0;
+    int timerStarts = 0;
     std::map<int, std::string> status;
     std::vector<Form> forms;
     std::vector<std::string> documents;
@@ -43,6 +44,7 @@ struct RecordingHost : EditorHost {
     void WhenIdle(std::function<void()> work) override {
         if (!busy) work();
     }
+    void RunKeyBoardTimer() override { ++timerStarts; }
     void CloseWindow() override { ++closes; }
 };
 

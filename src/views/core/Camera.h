@@ -1,5 +1,7 @@
-// The eye of the 3D preview.
+// The eye of the 3D preview and how it moves: the first-person camera that keys and mouse fly.
 #pragma once
+
+#include "scene/mVector.h"
 
 namespace korvane {
 
@@ -12,5 +14,15 @@ struct Camera {
     float yaw = 0;
     float roll = 0;  ///< kept at 0
 };
+
+/// Moves the eye by a step in its own space: X to the right, Y up, Z backward. Up and down follow
+/// its tilt.
+void MoveCamera(Camera& camera, const Vec3& step);
+
+/// Turns by that many degrees; an angle that leaves 0..360 comes in again at the other end.
+void TurnLeft(Camera& camera, float degrees);
+void TurnRight(Camera& camera, float degrees);
+void LookUp(Camera& camera, float degrees);
+void LookDown(Camera& camera, float degrees);
 
 }  // namespace korvane

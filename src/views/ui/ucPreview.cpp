@@ -1,13 +1,21 @@
 #include "views/ui/ucPreview.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
+
+#include "editor/mMouseLook.h"
+#include "views/ui/MouseEvents.h"
 
 namespace korvane {
 
 ucPreview::ucPreview(Editor& editor, RenderContext& context, const TextureObjects& textures,
                      QWidget* parent)
-    : QWidget(parent), editor_(editor), context_(context), textures_(textures) {
+    : QWidget(parent),
+      editor_(editor),
+      context_(context),
+      textures_(textures),
+      pointer_(editor, *this) {
     setAttribute(Qt::WA_OpaquePaintEvent);  // every pixel is painted, so nothing is erased before
     setMouseTracking(true);
     setAccessibleName(tr("3D preview"));
@@ -57,9 +65,40 @@ void ucPreview::resizeEvent(QResizeEvent*) {
     ResizeViewport();
 }
 
-void ucPreview::mouseMoveEvent(QMouseEvent*) {
-    editor_.host.ShowStatus(1, "3D");
-    for (const int panel : {2, 3, 4}) editor_.host.ShowStatus(panel, "");
+bool ucPreview::event(QEvent* event) {
+    const auto type = event->type();
+    if (type == QEvent::UngrabMouse || type == QEvent::WindowDeactivate) EndLook();
+    return QWidget::event(event);
+}
+
+void ucPreview::hideEvent(QHideEvent* event) {
+    EndLook();
+    QWidget::hideEvent(event);
+}
+
+void ucPreview::EndLook() {
+    if (editor_.mouseLook.state == LookOff) return;
+    EndMouseLook(editor_);
+    pointer_.Follow();
+}
+
+void ucPreview::mousePressEvent(QMouseEvent* event) {
+    PressPreview(editor_, ToMouseInput(*event, event->button()));
+    pointer_.Follow();
+}
+
+/// The second press of a double click is a press like any other.
+void ucPreview::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void ucPreview::mouseMoveEvent(QMouseEvent* event) {
+    ShowPreviewStatus(editor_);
+    pointer_.MovedTo(event->position());
+}
+
+void ucPreview::mouseReleaseEvent(QMouseEvent* event) {
+    ReleasePreview(editor_, ToMouseInput(*event, event->button()));
 }
 
 }  // namespace korvane

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "editor/Editor.h"
+#include "views/ui/LookPointer.h"
 #include "views/ui/mRender.h"
 
 namespace korvane {
@@ -23,10 +24,20 @@ class ucPreview : public QWidget {
     /// been created after the pane.
     void ResizeViewport();
 
+    /// Switches mouse-look off, if it is on, and gives the cursor back.
+    void EndLook();
+
+    LookPointer& Pointer() { return pointer_; }
+
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     QSize DeviceSize() const;
@@ -36,6 +47,7 @@ class ucPreview : public QWidget {
     RenderContext& context_;
     const TextureObjects& textures_;
     PreviewRenderer renderer_;
+    LookPointer pointer_;
     bool dirty_ = true;
 };
 

@@ -5,29 +5,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "views/ui/MouseEvents.h"
+
 namespace korvane {
-namespace {
-
-MouseButton ToButton(Qt::MouseButtons buttons) {
-    if (buttons & Qt::LeftButton) return MouseButton::Left;
-    if (buttons & Qt::RightButton) return MouseButton::Right;
-    return buttons & Qt::MiddleButton ? MouseButton::Middle : MouseButton::None;
-}
-
-/// Lock keys and the keypad flag are no modifiers.
-unsigned ToModifiers(Qt::KeyboardModifiers modifiers) {
-    return (modifiers & Qt::ShiftModifier ? ShiftKey : NoModifier) |
-           (modifiers & Qt::ControlModifier ? CtrlKey : NoModifier) |
-           (modifiers & Qt::AltModifier ? AltKey : NoModifier);
-}
-
-MouseInput ToInput(const QMouseEvent& event, Qt::MouseButtons buttons) {
-    return {ToButton(buttons), ToModifiers(event.modifiers()),
-            static_cast<float>(event.position().x()), static_cast<float>(event.position().y())};
-}
-
-}  // namespace
-
 ucSurface::ucSurface(Editor& editor, ViewState& state, QWidget* parent)
     : QWidget(parent), editor_(editor), state_(state) {
     setMouseTracking(true);
@@ -100,7 +80,7 @@ void ucSurface::hideEvent(QHideEvent* event) {
 void ucSurface::mousePressEvent(QMouseEvent* event) {
     if (!watching_) qApp->installEventFilter(this);
     watching_ = true;
-    Press(ToInput(*event, event->button()));
+    Press(ToMouseInput(*event, event->button()));
 }
 
 /// The second press of a double click is a press like any other.
@@ -109,7 +89,7 @@ void ucSurface::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ucSurface::mouseMoveEvent(QMouseEvent* event) {
-    Move(ToInput(*event, event->buttons()));
+    Move(ToMouseInput(*event, event->buttons()));
 }
 
 void ucSurface::mouseReleaseEvent(QMouseEvent* event) {
@@ -117,7 +97,7 @@ void ucSurface::mouseReleaseEvent(QMouseEvent* event) {
         qApp->removeEventFilter(this);
         watching_ = false;
     }
-    Release(ToInput(*event, event->button()));
+    Release(ToMouseInput(*event, event->button()));
 }
 
 void ucSurface::CancelGesture() {

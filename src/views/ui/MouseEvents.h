@@ -1,0 +1,16 @@
+// Qt's mouse events as the input of the gestures.
+#pragma once
+
+#include <QtCore/qnamespace.h>
+
+#include "editor/mViewGestures.h"
+
+class QMouseEvent;
+
+namespace korvane {
+
+/// The event as a gesture takes it. `buttons` is the button that was pressed or released, or for a
+/// move those that are held; the left one comes before the right one before the middle one.
+MouseInput ToMouseInput(const QMouseEvent& event, Qt::MouseButtons buttons);
+
+}  // namespace korvane
