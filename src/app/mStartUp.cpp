@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/Version.h"
+#include "base/Version.h"
 #include "app/frmMain.h"
 #include "app/ucWorkspace.h"
 #include "editor/mViews.h"
