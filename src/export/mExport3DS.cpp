@@ -33,8 +33,7 @@ struct ExportMaterial {
 /// Sorts the visible faces of a scene by material, in one pass.
 class ExportMaterials {
   public:
-    ExportMaterials(const Scene& scene, const TextureLibrary& library, const MapNaming& mapName)
-        : library_(library), mapName_(mapName) {
+    ExportMaterials(const Scene& scene, const TextureLibrary& library) : library_(library) {
         for (const Brush& brush : scene.brushes) {
             for (const BrushFace& face : brush.faces) {
                 if (!face.invisible) MaterialOf(face).faces.push_back({&brush, &face});
@@ -61,16 +60,14 @@ class ExportMaterials {
     std::size_t Register(const Look& look) {
         const auto [known, isNewLook] = byLook_.try_emplace(look, 0);
         if (!isNewLook) return known->second;
-        const std::string& filename = library_.TextureFilename(look.first);
-        std::string name = mapName_ ? mapName_(filename) : filename;
+        const std::string& name = library_.TextureFilename(look.first);
         const auto [found, isNew] =
             byName_.try_emplace({LowerCase(name), look.second}, materials_.size());
-        if (isNew) materials_.push_back({std::move(name), look.second, {}});
+        if (isNew) materials_.push_back({name, look.second, {}});
         return known->second = found->second;
     }
 
     const TextureLibrary& library_;
-    const MapNaming& mapName_;
     std::vector<ExportMaterial> materials_;
     std::map<Look, std::size_t> byLook_;
     std::map<std::pair<std::string, std::int32_t>, std::size_t> byName_;
@@ -95,9 +92,8 @@ void AddFace(MeshBuilder& builder, const ExportFace& exported) {
 
 }  // namespace
 
-Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_t& partCounter,
-                  const Export3DSOptions& options) {
-    const ExportMaterials materials(scene, library, options.mapName);
+Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_t& partCounter) {
+    const ExportMaterials materials(scene, library);
     Model3DS model;
     MeshBuilder builder(model, partCounter);
     for (const ExportMaterial& material : materials.All()) {
@@ -112,13 +108,13 @@ Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_
 }
 
 std::vector<std::uint8_t> Encode3DS(const Scene& scene, const TextureLibrary& library,
-                                    std::int32_t& partCounter, const Export3DSOptions& options) {
-    return EncodeModel(Build3DS(scene, library, partCounter, options));
+                                    std::int32_t& partCounter) {
+    return EncodeModel(Build3DS(scene, library, partCounter));
 }
 
 bool Save3DS(const std::string& path, const Scene& scene, const TextureLibrary& library,
-             std::int32_t& partCounter, const Export3DSOptions& options) {
-    return WriteModel(Build3DS(scene, library, partCounter, options), path);
+             std::int32_t& partCounter) {
+    return WriteModel(Build3DS(scene, library, partCounter), path);
 }
 
 }  // namespace korvane

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,28 +11,18 @@
 
 namespace korvane {
 
-/// The name under which a file refers to a texture, from its file name in the library (both UTF-8).
-using MapNaming = std::function<std::string(const std::string& textureFilename)>;
-
-/// How a scene is exported.
-struct Export3DSOptions {
-    MapNaming mapName;  ///< empty: textures keep their file names
-};
-
 /// The scene as a model. Faces whose textures have one name ignoring letter case, and one level of
 /// transparency, share a material. `partCounter` numbers the objects (KVEO0000, KVEO0001, ...) and
 /// is increased by each, so that the next export with it goes on.
-Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_t& partCounter,
-                  const Export3DSOptions& options = {});
+Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_t& partCounter);
 
 /// Build3DS as the bytes of a file.
 std::vector<std::uint8_t> Encode3DS(const Scene& scene, const TextureLibrary& library,
-                                    std::int32_t& partCounter,
-                                    const Export3DSOptions& options = {});
+                                    std::int32_t& partCounter);
 
 /// Stores Encode3DS as a file (UTF-8 path). False when it can't be written; the old file is whole
 /// then.
 bool Save3DS(const std::string& path, const Scene& scene, const TextureLibrary& library,
-             std::int32_t& partCounter, const Export3DSOptions& options = {});
+             std::int32_t& partCounter);
 
 }  // namespace korvane

@@ -223,11 +223,11 @@ FaceValues SampleValues() {
 }  // namespace
 
 std::span<const CodeTagGroup> CodeTagGroups() {
-    static const CodeTagGroup groups[] = {{"Face Normal:", kNormalTags},
-                                          {"Vertices:", kVertexTags},
-                                          {"Textrue Coords:", kCoordTags},
-                                          {"Texture:", kTextureTags},
-                                          {"Miscellaneous:", kOtherTags}};
+    static const CodeTagGroup groups[] = {{"Face Normal:", kNormalTags, 3},
+                                          {"Vertices:", kVertexTags, 3},
+                                          {"Textrue Coords:", kCoordTags, 2},
+                                          {"Texture:", kTextureTags, 2},
+                                          {"Miscellaneous:", kOtherTags, 2}};
     return groups;
 }
 

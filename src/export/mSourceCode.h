@@ -16,6 +16,7 @@ namespace korvane {
 struct CodeTagGroup {
     const char* caption;  ///< "Vertices:"
     std::span<const char* const> tags;
+    int columns;  ///< tags that belong side by side
 };
 
 /// The tag of the head: what made the text.
