@@ -12,14 +12,13 @@ namespace {
 constexpr std::size_t kFewestSlots = 64;
 constexpr std::size_t kNameLength = 8;
 
-/// Equal for equal positions: -0 and 0 are.
+/// The upper bits are the good ones. Equal for equal positions: -0 and 0 are.
 std::uint64_t HashOf(const Vec3& p) {
-    std::uint64_t hash = 0;
-    for (const float value : {p.x, p.y, p.z}) {
-        hash = (hash ^ std::bit_cast<std::uint32_t>(value + 0.0F)) * 0x9E3779B97F4A7C15U;
-        hash ^= hash >> 29;
-    }
-    return hash;
+    const auto bits = [](float value) -> std::uint64_t {
+        return std::bit_cast<std::uint32_t>(value + 0.0F);
+    };
+    return bits(p.x) * 0x9E3779B97F4A7C15U + bits(p.y) * 0xC2B2AE3D27D4EB4FU +
+           bits(p.z) * 0x165667B19E3779F9U;
 }
 
 bool Equal(const Vec3& a, const Vec3& b) {
@@ -36,7 +35,7 @@ void VertexFinder::Clear() {
 /// The slot of the point, or the free one where it belongs.
 std::size_t VertexFinder::SlotOf(const std::vector<Vec3>& vertices, const Vec3& point) const {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = HashOf(point) & mask;
+    std::size_t slot = HashOf(point) >> shift_;
     while (slots_[slot] != kNone && !Equal(vertices[slots_[slot]], point)) slot = (slot + 1) & mask;
     return slot;
 }
@@ -45,6 +44,7 @@ std::size_t VertexFinder::SlotOf(const std::vector<Vec3>& vertices, const Vec3& 
 void VertexFinder::TakeIn(const std::vector<Vec3>& vertices) {
     if (slots_.size() < 2 * vertices.size()) {
         slots_.assign(std::max(kFewestSlots, std::bit_ceil(4 * vertices.size())), kNone);
+        shift_ = 64 - std::countr_zero(slots_.size());
         taken_ = 0;
     }
     for (; taken_ < vertices.size(); ++taken_) {
@@ -61,9 +61,14 @@ std::uint16_t VertexFinder::Find(const std::vector<Vec3>& vertices, const Vec3& 
 }
 
 void MeshBuilder::BeginObject(std::string baseName, std::int32_t material, bool hasTexCoords,
-                              bool keepCounter) {
+                              bool keepCounter, std::size_t expected) {
     baseName_ = std::move(baseName);
+    expected_ = expected;
     open_ = {};
+    const std::size_t next = std::min(expected, kMostTriangles);
+    open_.faces.reserve(next);
+    open_.vertices.reserve(3 * next);
+    open_.texCoords.reserve(3 * next);
     open_.material = material;
     open_.hasTexCoords = hasTexCoords;
     finder_.Clear();
@@ -100,9 +105,10 @@ void MeshBuilder::EndObject() {
     open_.name = PartName();
     const std::int32_t material = open_.material;
     const bool hasTexCoords = open_.hasTexCoords;
-    AddModelObject(model_, std::exchange(open_, {}));
+    const std::size_t left = expected_ - std::min(expected_, open_.faces.size());
+    AddModelObject(model_, std::move(open_));
     ++partCounter_;
-    BeginObject(std::move(baseName_), material, hasTexCoords, true);
+    BeginObject(std::move(baseName_), material, hasTexCoords, true, left);
 }
 
 }  // namespace korvane

@@ -29,6 +29,7 @@ class VertexFinder {
     std::size_t SlotOf(const std::vector<Vec3>& vertices, const Vec3& point) const;
 
     std::vector<std::uint16_t> slots_;  ///< open addressing, a power of two of them
+    int shift_ = 0;                     ///< brings a hash down to a slot
     std::size_t taken_ = 0;             ///< vertices taken in so far
 };
 
@@ -44,8 +45,9 @@ class MeshBuilder {
         : model_(model), partCounter_(partCounter) {}
 
     /// Opens an empty object of a material; without `keepCounter` the numbering starts at 0.
+    /// Makes room for the `expected` triangles to come.
     void BeginObject(std::string baseName, std::int32_t material, bool hasTexCoords,
-                     bool keepCounter);
+                     bool keepCounter, std::size_t expected = 0);
 
     /// Adds a triangle. With `smooth` a corner takes a vertex of exactly its position where there
     /// is one, the last such, and that vertex keeps its texture coordinates. A full object is
@@ -62,6 +64,7 @@ class MeshBuilder {
     Model3DS& model_;
     std::int32_t& partCounter_;
     std::string baseName_;
+    std::size_t expected_ = 0;
     Object3DS open_;
     VertexFinder finder_;
 };

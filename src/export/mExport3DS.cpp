@@ -100,7 +100,7 @@ Model3DS Build3DS(const Scene& scene, const TextureLibrary& library, std::int32_
         const std::int32_t index =
             AddMaterial(model, kAmbient, kDiffuse, kSpecular, kShininess, kShininessStrength,
                         Level(material.Transparency), material.MapFileName);
-        builder.BeginObject("KVEO", index, true, true);
+        builder.BeginObject("KVEO", index, true, true, material.faces.size());
         for (const ExportFace& face : material.faces) AddFace(builder, face);
         builder.EndObject();
     }

@@ -1,10 +1,13 @@
 // The 3DS export: the file to the byte, the sharing of vertices and the numbering of objects.
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <limits>
 #include <random>
 
+#include "base/Rounding.h"
 #include "export/mExport3DS.h"
+#include "files/LittleEndian.h"
 #include "support/PlainMeshBuilder.h"
 #include "support/TempFolder.h"
 
@@ -63,6 +66,33 @@ TEST(Export3DSTest, FileEqualsTheOnePackedByHand) {
     const Bytes golden = test::FileBytes(KORVANE_GOLDEN_DIR "/scene.3ds");
     EXPECT_EQ(Encode3DS(GoldenScene(), GoldenLibrary(), parts), golden);
     EXPECT_EQ(parts, 10);
+}
+
+/// The vertex list is the first chunk of an object with 16 bits of count.
+TEST(Export3DSTest, CoordinatesAreRoundedLikeEveryNumberOfTheSystem) {
+    std::mt19937 random(3);
+    Object3DS object;
+    const auto exponent = [&] { return static_cast<int>(random() % 60) - 30; };
+    for (int i = 0; i < 20000; ++i) {
+        const auto any = [&] {
+            return std::ldexp(static_cast<float>(random()) - 2e9F, exponent() - 31);
+        };
+        object.vertices.push_back({any(), any(), any()});
+    }
+    object.vertices[0] = {0.0078125F, -0.0F, 0.0F};
+    Model3DS model;
+    AddMaterial(model, {}, {}, {}, 0, 0, 0, "");
+    AddModelObject(model, object);
+    const Bytes file = EncodeModel(model);
+    const Bytes head = {0x10, 0x41};
+    auto at = std::search(file.begin(), file.end(), head.begin(), head.end()) + 8;
+    for (const Vec3& p : object.vertices) {
+        for (const float value : {p.x, -p.z, p.y}) {
+            const auto expected = static_cast<float>(Round(double{value}, 6));
+            ASSERT_EQ(FetchLong(&*at), std::bit_cast<std::int32_t>(expected)) << value;
+            at += 4;
+        }
+    }
 }
 
 TEST(Export3DSTest, WithoutVisibleFacesOnlyTheHeadIsLeft) {

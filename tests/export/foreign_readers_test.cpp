@@ -119,7 +119,7 @@ TEST_F(ForeignReadersTest, Lib3dsReadsWhatTheSceneHolds) {
     ExpectEqual(found, MeshOf(maker));
 }
 
-/// Assimp turns the file Y up again and scales it by its master scale, all in the root's transform.
+/// Assimp keeps no object names. That Y is up again stands in the root's transform.
 TEST_F(ForeignReadersTest, AssimpReadsWhatTheSceneHolds) {
     Assimp::Importer importer;
     const aiScene* scene = importer.ReadFile(path, 0);
@@ -129,6 +129,8 @@ TEST_F(ForeignReadersTest, AssimpReadsWhatTheSceneHolds) {
         const aiMesh& mesh = *scene->mMeshes[m];
         const aiMaterial& material = *scene->mMaterials[mesh.mMaterialIndex];
         aiString texture;
+        const std::string name = material.GetName().C_Str();
+        EXPECT_EQ(name, "MATER00" + std::to_string(m));
         ASSERT_EQ(material.GetTexture(aiTextureType_DIFFUSE, 0, &texture), aiReturn_SUCCESS);
         float opacity = 1;
         material.Get(AI_MATKEY_OPACITY, opacity);
@@ -146,10 +148,6 @@ TEST_F(ForeignReadersTest, AssimpReadsWhatTheSceneHolds) {
         }
     }
     ExpectEqual(found, MeshOf(maker));
-    std::vector<std::string> names;
-    for (unsigned i = 0; i < scene->mRootNode->mNumChildren; ++i)
-        names.emplace_back(scene->mRootNode->mChildren[i]->mName.C_Str());
-    EXPECT_EQ(names, (std::vector<std::string>{"KVEO0000", "KVEO0001", "KVEO0002"}));
 }
 
 }  // namespace
