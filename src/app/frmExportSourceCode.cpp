@@ -1,16 +1,15 @@
 #include "app/frmExportSourceCode.h"
 
 #include <QEvent>
-#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabBar>
-#include <QTextBlock>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -84,7 +83,7 @@ frmExportSourceCode::frmExportSourceCode(Editor& editor, QWidget* parent)
     grid->setColumnStretch(0, 1);
     Show(editor.codeTemplate);
     txtHead_->setFocus();
-    resize(kSize);
+    resize(kSize.boundedTo(screen()->availableSize() * 0.9));
 }
 
 QPlainTextEdit* frmExportSourceCode::MakeText(const char* name, const QString& accessibleName) {
@@ -135,6 +134,7 @@ QWidget* frmExportSourceCode::MakeReferencePage() {
     headRow->addWidget(MakeTag(kProgramTag, txtHead_), 0, Qt::AlignLeft);
     auto* body = new QGroupBox("BODY Tags");
     auto* grid = new QGridLayout(body);
+    grid->setHorizontalSpacing(16);
     int row = 0;
     for (const CodeTagGroup& group : CodeTagGroups()) {
         grid->addWidget(new QLabel(group.caption), row, 0);

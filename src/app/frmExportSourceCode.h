@@ -3,11 +3,9 @@
 #pragma once
 
 #include <QDialog>
-#include <array>
 
 #include "editor/mExport.h"
 
-class QGridLayout;
 class QLabel;
 class QPlainTextEdit;
 class QStackedWidget;
