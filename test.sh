@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")"
 . tools/setup.sh
 
-need "${build_packages[@]}" "${run_packages[@]}" "${display_packages[@]}"
+need "${build_packages[@]}" "${run_packages[@]}" "${display_packages[@]}" "${test_packages[@]}"
 cmake --preset release "$@" >/dev/null
 cmake --build --preset release
 ctest --preset release --output-on-failure -j "$(nproc)"

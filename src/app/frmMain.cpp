@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "app/frmArbitrarySize.h"
+#include "app/frmExportSourceCode.h"
 #include "app/frmFreeRotate.h"
 #include "app/frmMultiply.h"
 #include "app/frmSelect.h"
@@ -119,6 +120,9 @@ void frmMain::OpenForm(Form form) {
             break;
         case Form::Multiply:
             OpenModeless(multiply_);
+            break;
+        case Form::ExportSourceCode:
+            frmExportSourceCode(editor_, this).exec();
             break;
     }
 }

@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <string>
 
-#include "app/Version.h"
 #include "app/frmMain.h"
 #include "app/ucWorkspace.h"
+#include "base/Version.h"
 #include "editor/mViews.h"
 #include "textures/ui/mOGLTextures.h"
 #include "textures/ui/ucTextureList.h"

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/Rounding.h"
+
 namespace korvane {
 namespace {
 
@@ -52,6 +54,25 @@ std::string FormatGeneral(float value) {
     std::array<char, 64> buffer;
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
     return std::string(buffer.data(), end);
+}
+
+void AppendRounded(std::string& out, float value) {
+    constexpr std::int64_t kScale = 1'000'000;
+    const double scaled = Round(double{value} * kScale);  // exact before it is rounded
+    if (!(std::abs(scaled) < 1e15)) {
+        out += FormatFixed(value, 0, 6);
+        return;
+    }
+    const auto units = static_cast<std::int64_t>(std::abs(scaled));
+    if (scaled < 0) out += '-';
+    std::array<char, 24> buffer;
+    char* end = std::to_chars(buffer.data(), buffer.data() + 16, units / kScale).ptr;
+    if (std::int64_t decimals = units % kScale; decimals != 0) {
+        *end++ = '.';
+        for (std::int64_t place = kScale / 10; decimals != 0; decimals %= place, place /= 10)
+            *end++ = static_cast<char>('0' + decimals / place);
+    }
+    out.append(buffer.data(), end);
 }
 
 double NumericValue(std::string_view text) {

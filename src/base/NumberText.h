@@ -18,6 +18,10 @@ std::string FormatPadded(std::int64_t value, int digits);
 /// value in the shortest general form that reads back to the same 32-bit float.
 std::string FormatGeneral(float value);
 
+/// Appends value rounded to 6 decimal places, halves to even, in the shortest form without an
+/// exponent: "1", "0.5", "-0.123457". Zero carries no minus sign.
+void AppendRounded(std::string& out, float value);
+
 /// The number that `text` starts with (leading blanks skipped, "." as decimal separator, an
 /// exponent allowed); 0 when it starts with none.
 double NumericValue(std::string_view text);

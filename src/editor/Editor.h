@@ -9,6 +9,7 @@
 #include "editor/KeyBoard.h"
 #include "editor/Prompts.h"
 #include "editor/UndoCache.h"
+#include "export/CodeTemplate.h"
 #include "files/Settings.h"
 #include "scene/Scene.h"
 #include "scene/mTextureCoords.h"
@@ -96,6 +97,9 @@ struct Editor {
     Vec3 freeRotate;  ///< last angles typed into the free-rotate dialog, degrees
     Multiply multiply;
     int markerForms = 0;  ///< open dialogs that turn about the marker
+
+    std::int32_t exportedParts = 0;  ///< mesh objects exported in this run: they number the next
+    CodeTemplate codeTemplate;       ///< last used to export source code
 
     std::string programFolder;      ///< UTF-8; holds ObjTextures, ObjCache, Help, ends in no slash
     std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene

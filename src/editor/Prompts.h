@@ -17,6 +17,7 @@ struct Message {
     std::string title;
     MessageIcon icon = MessageIcon::Exclamation;
     MessageButtons buttons = MessageButtons::Ok;
+    std::optional<Answer> onEnter = {};  ///< the default button; none: the first
 };
 
 /// What a file dialog shows.

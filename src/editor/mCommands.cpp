@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "editor/mEditCommands.h"
+#include "editor/mExport.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mViews.h"
 #include "scene/mSelection.h"
@@ -186,9 +187,9 @@ const Command kCommands[] = {
      {ToolBar, 3, "Save Object", "Save Object: Save the current object"}, kSeparator},
     {"mnuSaveAs", "mnuFile", "Save Object As...", Always, CheckKind::None, nullptr, SaveObjectAs,
      {ToolBar, 4, "Save Object As...", "Save Object As: Save the current object under a different name", kSeparator}},
-    {"mnuExport3DS", "mnuExport", "3DStudio Format (*.3DS)...", NotYet, CheckKind::None, nullptr, nullptr,
+    {"mnuExport3DS", "mnuExport", "3DStudio Format (*.3DS)...", Always, CheckKind::None, nullptr, Export3DS,
      {ToolBar, 5, "Export Object...", "Export Object: Save the current object in different formats", kSeparator}},
-    {"mnuExportSourceCode", "mnuExport", "Source Code (*.TXT)...", NotYet, CheckKind::None, nullptr, nullptr, {}},
+    {"mnuExportSourceCode", "mnuExport", "Source Code (*.TXT)...", Always, CheckKind::None, nullptr, Open<Form::ExportSourceCode>, {}},
     {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", NotYet, CheckKind::None, nullptr, nullptr, {}},
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},
 

@@ -1,4 +1,4 @@
-// The two multi-byte field kinds as bytes: little-endian on every host.
+// The multi-byte field kinds as bytes: little-endian on every host.
 #pragma once
 
 #include <bit>
@@ -15,6 +15,13 @@ static_assert(sizeof(float) == 4 && std::numeric_limits<float>::is_iec559,
 constexpr std::uint32_t FileOrder(std::uint32_t value) {
     if constexpr (std::endian::native == std::endian::little) return value;
     return (value << 24) | ((value & 0xFF00) << 8) | ((value >> 8) & 0xFF00) | (value >> 24);
+}
+
+/// Stores 2 bytes at `to` and returns the place behind them.
+inline std::uint8_t* StoreShort(std::uint8_t* to, std::uint16_t value) {
+    to[0] = static_cast<std::uint8_t>(value & 0xFF);
+    to[1] = static_cast<std::uint8_t>(value >> 8);
+    return to + 2;
 }
 
 /// Stores 4 bytes at `to` and returns the place behind them.

@@ -52,6 +52,20 @@ QWidget* Owner() {
     return shown == windows.end() ? nullptr : *shown;
 }
 
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+    switch (answer) {
+        case Answer::Yes:
+            return QMessageBox::Yes;
+        case Answer::No:
+            return QMessageBox::No;
+        case Answer::Cancel:
+            return QMessageBox::Cancel;
+        case Answer::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
 QString NameFilter(const FileDialog& dialog) {
     const QString name = QString::fromStdString(dialog.filterName);
     const QString pattern = "(" + QString::fromStdString(dialog.filterPattern) + ")";
@@ -67,6 +81,7 @@ Answer QtPrompts::ShowMessage(const Message& message) {
                     Owner());
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(buttons.onClose);
+    if (message.onEnter) box.setDefaultButton(ButtonOf(*message.onEnter));
     switch (box.exec()) {
         case QMessageBox::Yes:
             return Answer::Yes;

@@ -1,8 +1,10 @@
 // Rounding, number texts and single-byte text.
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "base/Flag16.h"
 #include "base/NumberText.h"
@@ -52,6 +54,18 @@ TEST(NumberTextTest, FixedFormats) {
     EXPECT_EQ(FormatGeneral(0.1F), "0.1");
     EXPECT_EQ(FormatGeneral(4.0F), "4");
     EXPECT_EQ(FormatGeneral(-0.0F), "0");
+}
+
+TEST(NumberTextTest, RoundedTextsOfAllFloatsAreThoseOfTheFixedFormat) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 100'000; ++i) {
+        const bool usual = i % 2 == 0;
+        const float value = usual ? static_cast<float>(random()) / 2e6F - 999
+                                  : std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        std::string text = "x";
+        AppendRounded(text, value);
+        ASSERT_EQ(text, "x" + FormatFixed(value, 0, 6));
+    }
 }
 
 TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {

@@ -38,10 +38,11 @@ TEST(QtPromptsTest, BoxShowsTextTitleIconAndButtons) {
         EXPECT_EQ(box->windowTitle(), "Warning!");
         EXPECT_EQ(box->icon(), QMessageBox::Question);
         EXPECT_EQ(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
         box->button(QMessageBox::Yes)->click();
     });
     EXPECT_EQ(prompts.ShowMessage({"One <b>line</b>\r\nand another", "Warning!",
-                                   MessageIcon::Question, MessageButtons::YesNo}),
+                                   MessageIcon::Question, MessageButtons::YesNo, Answer::No}),
               Answer::Yes);
 }
 

@@ -21,15 +21,16 @@ struct Floor {
 };
 
 const std::vector<Floor>& Floors() {
-    static const std::set<std::string> core = {"base",       "textures/core", "scene",
-                                               "views/core", "files",         "editor"};
+    static const std::set<std::string> core = {"base",  "textures/core", "scene", "views/core",
+                                               "files", "export",        "editor"};
     static const std::vector<Floor> floors = {
         {"base", {}, true},
         {"textures/core", {"base"}, true},
         {"scene", {"base", "textures/core"}, true},
         {"views/core", {"base", "textures/core", "scene"}, true},
         {"files", {"base", "textures/core", "scene", "views/core"}, true},
-        {"editor", {"base", "textures/core", "scene", "views/core", "files"}, true},
+        {"export", {"base", "textures/core", "scene", "views/core", "files"}, true},
+        {"editor", {"base", "textures/core", "scene", "views/core", "files", "export"}, true},
         {"views/ui", core, false},
         {"textures/ui",
          [] {
