@@ -21,10 +21,12 @@ need() {
             --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# lib3ds and assimp, the two that read and write 3DS files, are for tests and benchmarks only.
-build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libglu1-mesa-dev
-    libgtest-dev libgmock-dev libbenchmark-dev lib3ds-dev libassimp-dev)
-run_packages=(libgl1-mesa-dri fonts-dejavu-core)
+# CLI11 and nlohmann-json are for korvane-cli; lib3ds and assimp, the two that read and write 3DS
+# files, are for tests and benchmarks only.
+build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libegl-dev
+    libglu1-mesa-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+    lib3ds-dev libassimp-dev)
+run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox)
 # What the tests run on exported source code, beside g++.
 test_packages=(nodejs libjs-three python3)
