@@ -3,6 +3,7 @@
 #include <iostream>
 #include <string>
 
+#include "base/Version.h"
 #include "cli/SubCommands.h"
 #include "cli/mCliFiles.h"
 
@@ -14,6 +15,11 @@ constexpr void (*kSubCommands[])(CLI::App&) = {AddInfo, AddConvert, AddExport, A
 constexpr const char* kFooter =
     "Exit status: 0 success, 1 a file was bad or could not be written, 2 wrong usage.\n"
     "\"korvane-cli COMMAND --help\" tells more of one command.";
+
+std::string VersionLine() {
+    return "korvane-cli " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
+           "." + std::to_string(kVersionRevision);
+}
 
 /// Help goes to standard output, a complaint about the usage to standard error.
 int Explain(const CLI::App& app, const CLI::ParseError& error) {
@@ -32,6 +38,7 @@ int Finish(int status) {
 int RunCli(int argc, char** argv) {
     CLI::App app("Works on Korvane objects without a window.", "korvane-cli");
     app.require_subcommand(1);
+    app.set_version_flag("--version", VersionLine());
     app.footer(kFooter);
     for (const auto add : kSubCommands) add(app);
     try {
