@@ -12,9 +12,8 @@ namespace {
 
 constexpr void (*kSubCommands[])(CLI::App&) = {AddInfo, AddConvert, AddExport, AddRender};
 
-constexpr const char* kFooter =
-    "Exit status: 0 success, 1 a file was bad or could not be written, 2 wrong usage.\n"
-    "\"korvane-cli COMMAND --help\" tells more of one command.";
+constexpr const char* kExitStatus =
+    "Exit status: 0 success, 1 a file was bad or could not be written, 2 wrong usage.";
 
 std::string VersionLine() {
     return "korvane-cli " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
@@ -35,14 +34,23 @@ int Finish(int status) {
 
 }  // namespace
 
+CLI::App& AddSubCommand(CLI::App& app, const std::string& name, const std::string& summary,
+                        const std::string& details) {
+    CLI::App& command = *app.add_subcommand(name, summary);
+    command.footer(details + "\n" + kExitStatus);
+    return command;
+}
+
 int RunCli(int argc, char** argv) {
     CLI::App app("Works on Korvane objects without a window.", "korvane-cli");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);  // none is told below: a mistyped one has its own message
     app.set_version_flag("--version", VersionLine());
-    app.footer(kFooter);
+    app.footer(std::string("\"korvane-cli SUBCOMMAND --help\" tells more of each.\n") +
+               kExitStatus);
     for (const auto add : kSubCommands) add(app);
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) throw CLI::RequiredError::Subcommand(1);
     } catch (const CLI::RuntimeError& error) {
         return Finish(error.get_exit_code());
     } catch (const CLI::ParseError& error) {

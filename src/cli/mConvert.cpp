@@ -33,11 +33,10 @@ void Run(const Options& options) {
 
 void AddConvert(CLI::App& app) {
     const auto options = std::make_shared<Options>();
-    CLI::App& command = *app.add_subcommand(
-        "convert",
-        "Loads and saves an object, which brings it up to date; several are merged in order.\n"
-        "Brushes are renumbered. Texture names stay as they are, whether or not there are such "
-        "textures.");
+    CLI::App& command = AddSubCommand(
+        app, "convert", "Loads and saves an object; merges several into one",
+        "Several objects are merged in their order. Brushes are named anew, by their place.\n"
+        "Texture names stay as they are, whether or not the texture folder holds them.");
     command.add_option("IN", options->inputs, "Object files to read (.kvobject)")
         ->required()
         ->type_name("");

@@ -62,16 +62,16 @@ void CheckUsage(const Options& options) {
 
 void AddExport(CLI::App& app) {
     const auto options = std::make_shared<Options>();
-    CLI::App& command = *app.add_subcommand(
-        "export",
-        "Writes the visible faces as a 3DStudio file (.3ds) or as program source (.txt).\n"
-        "Texture names are written whether or not the texture folder holds them.");
+    CLI::App& command = AddSubCommand(
+        app, "export", "Writes the visible faces as a 3DStudio file or as program source",
+        "The ending of OUT tells which. Texture names are written whether or not the texture\n"
+        "folder holds them; a texture that it lacks gets a number behind those that it holds.");
     AddInput(command, options->input);
     AddOutput(command, options->output, {kEnding3DS, kEndingText});
     command
         .add_option("--template", options->codeTemplate,
-                    "Template of the source: a (Visual Basic), b (C++, the default) or a template "
-                    "file (.kvcode)")
+                    "Template of the source: a (Visual Basic), b (C++; the default)\n"
+                    "or a template file (.kvcode)")
         ->type_name("FILE|a|b");
     AddTextureFolder(command, options->textures);
     command.callback([options] {

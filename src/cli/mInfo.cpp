@@ -194,13 +194,13 @@ bool Run(const Options& options) {
 
 void AddInfo(CLI::App& app) {
     const auto options = std::make_shared<Options>();
-    CLI::App& command = *app.add_subcommand(
-        "info",
-        "Tells what objects hold: statistics, bounds, texture names and groups.\n"
-        "A face is a polygon, a polygon a triangle, as in the editor. Used textures include those "
-        "that the folder lacks, and the placeholder, which has no name, where a face has no "
-        "texture; the total is the folder's, placeholder included. A bad file does not keep the "
-        "others from being told of.");
+    CLI::App& command = AddSubCommand(
+        app, "info", "Tells what objects hold: statistics, bounds, texture names, groups",
+        "As in the editor, faces are polygons of one or more triangles, and polygons are those\n"
+        "triangles. Used textures include those that the folder lacks, and the placeholder,\n"
+        "which has no name, where a face has no texture; the total is that of the folder and\n"
+        "the placeholder. An object without vertices has bounds of 0. A bad file does not keep\n"
+        "the others from being told of.");
     command.add_option("FILE", options->inputs, "Object files to read (.kvobject)")
         ->required()
         ->type_name("");

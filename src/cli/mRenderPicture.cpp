@@ -170,11 +170,11 @@ void AddRender(CLI::App& app) {
     static const std::map<std::string, int> views = {
         {"3d", kView3D}, {"top", TopView}, {"left", LeftView}, {"front", FrontView}};
     const auto options = std::make_shared<Options>();
-    CLI::App& command = *app.add_subcommand(
-        "render",
-        "Draws an object as a pane of the editor shows it, with the editor's first settings: "
-        "colours, grid, rulers, and invisible faces shown. Needs no display.\n"
-        "The object is framed unless a camera is given.");
+    CLI::App& command = AddSubCommand(
+        app, "render", "Draws an object as a pane of the editor shows it; needs no display",
+        "The picture has the editor's first settings: its colours, the grid, the rulers, and\n"
+        "invisible faces shown. The object is framed; with --camera the picture is that of the\n"
+        "preview from there, which sees 100 units deep.");
     AddInput(command, options->input);
     AddOutput(command, options->output, {".png"});
     command.add_option("--size", options->size, "Size in pixels (default: 800x600)")
@@ -185,8 +185,9 @@ void AddRender(CLI::App& app) {
         ->transform(CLI::CheckedTransformer(views, CLI::ignore_case).description(""));
     command
         .add_option("--camera", options->camera,
-                    "Place of the camera in world units, then its angles in degrees: positive "
-                    "pitch looks up, positive yaw turns left; the editor starts at 0,3,5,-30,0")
+                    "Place of the camera in world units and its angles in degrees:\n"
+                    "positive pitch looks up, positive yaw turns left; the editor\n"
+                    "starts at 0,3,5,-30,0")
         ->type_name("X,Y,Z,PITCH,YAW")
         ->check(CLI::Validator(CheckCamera, ""));
     AddTextureFolder(command, options->textures);

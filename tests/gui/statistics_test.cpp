@@ -9,7 +9,7 @@
 namespace korvane::test {
 namespace {
 
-struct Shown {
+struct LabelAndBar {
     QString value;
     int bar = -1;  ///< pixels
 };
@@ -32,7 +32,7 @@ class StatisticsDialogTest : public EditingTest {
         Choose("mnuStatistics");
     }
 
-    std::map<QString, Shown> shown;
+    std::map<QString, LabelAndBar> shown;
     QString title;
     bool closed = false;
 };
