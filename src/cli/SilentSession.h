@@ -1,6 +1,8 @@
 // An editing session that nobody watches: what it asks of its outside comes to nothing.
 #pragma once
 
+#include <functional>
+
 #include "editor/Editor.h"
 
 namespace korvane {
@@ -16,6 +18,7 @@ class SilentHost final : public EditorHost {
     void CloseForms() override {}
     void OpenDocument(const std::string&) override {}
     void FocusViews() override {}
+    void WhenIdle(std::function<void()>) override {}
     void CloseWindow() override {}
 };
 
