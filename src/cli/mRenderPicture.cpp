@@ -135,6 +135,15 @@ QImage RenderView3D(const Options& options, Editor& editor) {
 
 // --- the 2D views
 
+/// Below the zooms of the editor the labels and the lines every half unit would run into each
+/// other: only the coarsest lines are left.
+void ThinOut(Settings& settings) {
+    settings.showRulers = false;
+    for (const ColorItem item : {ColorItem::GridNormal, ColorItem::GridMinor}) {
+        settings.colors[item] = settings.colors[ColorItem::View2DBackground];
+    }
+}
+
 QImage RenderView2D(const Options& options, Editor& editor) {
     ReadObjectAsShown(options.input, editor.textures, editor.scene);
     const QSize size = *SizeIn(options.size);
@@ -142,6 +151,7 @@ QImage RenderView2D(const Options& options, Editor& editor) {
     state.width = size.width();
     state.height = size.height();
     FrameBounds(state, options.view, SceneBounds(editor.scene));
+    if (state.zoom < kMinZoom) ThinOut(editor.settings);
     PaintSurface surface;
     PaintView(editor, options.view, surface);
     return surface.image;
@@ -174,7 +184,8 @@ void AddRender(CLI::App& app) {
         app, "render", "Draws an object as a pane of the editor shows it; needs no display",
         "The picture has the editor's first settings: its colours, the grid, the rulers, and\n"
         "invisible faces shown. The object is framed; with --camera the picture is that of the\n"
-        "preview from there, which sees 100 units deep.");
+        "preview from there, which sees 100 units deep. The other views show large objects\n"
+        "smaller than the editor can, without rulers, down to one pixel a unit.");
     AddInput(command, options->input);
     AddOutput(command, options->output, {".png"});
     command.add_option("--size", options->size, "Size in pixels (default: 800x600)")
