@@ -12,6 +12,7 @@
 #include "app/frmMultiply.h"
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
+#include "app/frmStats.h"
 #include "app/mCommandActions.h"
 #include "app/mKeyInput.h"
 #include "app/mShutdown.h"
@@ -123,6 +124,9 @@ void frmMain::OpenForm(Form form) {
             break;
         case Form::ExportSourceCode:
             frmExportSourceCode(editor_, this).exec();
+            break;
+        case Form::Statistics:
+            frmStats(editor_, this).exec();
             break;
     }
 }

@@ -39,7 +39,14 @@ constexpr unsigned RedrawSelection(int view) {
 }
 
 /// Windows that a command opens.
-enum class Form { ArbitrarySize, Select, FreeRotate, Multiply, ExportSourceCode };
+enum class Form {
+    ArbitrarySize,
+    Select,
+    FreeRotate,
+    Multiply,
+    ExportSourceCode,
+    Statistics
+};
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.
 class EditorHost {

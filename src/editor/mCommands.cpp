@@ -280,7 +280,7 @@ const Command kCommands[] = {
      {EditBar, 20, "Multiply Selected Brushes...", "Multiply Brushes: Mulptiply selected brushes with offsets and rotations"}, kSeparator},
     {"mnuOptimize", "mnuModify", "Optimize Object...", NotYet, CheckKind::None, nullptr, nullptr, {}},
 
-    {"mnuStatistics", "mnuInfo", "Object Statistics...", NotYet, CheckKind::None, nullptr, nullptr, {}},
+    {"mnuStatistics", "mnuInfo", "Object Statistics...", Always, CheckKind::None, nullptr, Open<Form::Statistics>, {}},
 
     {"mnuHelpContents", "mnuHelp", "Contents...", Always, CheckKind::None, nullptr, OpenHelp, {}},
 };

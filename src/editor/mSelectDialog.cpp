@@ -5,6 +5,7 @@
 
 #include "base/SingleByteText.h"
 #include "scene/mSelection.h"
+#include "scene/mStatistics.h"
 
 namespace korvane {
 namespace {
@@ -28,9 +29,7 @@ class DistinctTexts {
 std::vector<std::string> ListGroups(const Scene& scene) {
     DistinctTexts groups;
     groups.Add(kNonGrouped);
-    for (const Brush& brush : scene.brushes) {
-        if (!brush.group.empty()) groups.Add(brush.group);
-    }
+    for (const std::string& group : GroupsOf(scene)) groups.Add(group);
     return groups.Take();
 }
 

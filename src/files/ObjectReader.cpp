@@ -1,7 +1,9 @@
 // Decoding an object file. The bytes come from anywhere: nothing is allocated for a count, and no
 // index is kept, before it has been checked.
+#include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "files/FileBuffer.h"
 #include "files/LittleEndian.h"
@@ -14,13 +16,16 @@ namespace {
 
 using namespace object_file;
 
+/// The library's index for a texture file name.
+using FindTexture = std::function<std::int32_t(const std::string&)>;
+
 /// The names of the materials chunk, looked up in the library once each and only when a face uses
 /// them. Holds places in the file instead of texts, so that a table of empty names costs no more
 /// than twice its bytes.
 class MaterialNameTable {
   public:
-    MaterialNameTable(std::span<const std::uint8_t> bytes, const TextureLibrary& library)
-        : bytes_(bytes), library_(library) {}
+    MaterialNameTable(std::span<const std::uint8_t> bytes, FindTexture find)
+        : bytes_(bytes), find_(std::move(find)) {}
 
     void Read(FileReader& file) {
         const std::int32_t count = file.ReadCount(4);
@@ -41,7 +46,7 @@ class MaterialNameTable {
         Entry& entry = entries_[index];
         if (entry.texture == kUnknown) {
             FileReader name(bytes_.subspan(entry.at));
-            entry.texture = library_.IDByFileName(name.ReadCountedString());
+            entry.texture = find_(name.ReadCountedString());
         }
         return entry.texture;
     }
@@ -58,16 +63,15 @@ class MaterialNameTable {
     };
 
     std::span<const std::uint8_t> bytes_;
-    const TextureLibrary& library_;
+    FindTexture find_;
     std::vector<Entry> entries_;
 };
 
 class ObjectReader {
   public:
-    ObjectReader(std::span<const std::uint8_t> bytes, const TextureLibrary& library,
-                 bool withSelection)
+    ObjectReader(std::span<const std::uint8_t> bytes, FindTexture find, bool withSelection)
         : file_(bytes),
-          materials_(bytes, library),
+          materials_(bytes, std::move(find)),
           withSelection_(withSelection),
           selectedSize_(withSelection ? kSelected : 0) {}
 
@@ -187,14 +191,31 @@ class ObjectReader {
     std::size_t selectedSize_;
 };
 
+std::optional<std::vector<Brush>> Decode(std::span<const std::uint8_t> bytes, FindTexture find,
+                                         bool withSelection, std::int32_t firstIndex) {
+    constexpr std::size_t kFarthestCursor = std::numeric_limits<std::int32_t>::max();
+    if (bytes.size() > kFarthestCursor) return std::nullopt;
+    return ObjectReader(bytes, std::move(find), withSelection).Read(firstIndex);
+}
+
 }  // namespace
 
 std::optional<std::vector<Brush>> DecodeObject(std::span<const std::uint8_t> bytes,
                                                const TextureLibrary& library, bool withSelection,
                                                std::int32_t firstIndex) {
-    constexpr std::size_t kFarthestCursor = std::numeric_limits<std::int32_t>::max();
-    if (bytes.size() > kFarthestCursor) return std::nullopt;
-    return ObjectReader(bytes, library, withSelection).Read(firstIndex);
+    const auto find = [&library](const std::string& name) { return library.IDByFileName(name); };
+    return Decode(bytes, find, withSelection, firstIndex);
+}
+
+std::optional<std::vector<Brush>> DecodeObjectAndNames(std::span<const std::uint8_t> bytes,
+                                                       TextureLibrary& library,
+                                                       std::int32_t firstIndex) {
+    const auto findOrAdd = [&library](const std::string& name) {
+        const std::int32_t found = library.IDByFileName(name);
+        if (found != 0 || name.empty()) return found;
+        return library.AddTexture(name, library.TextureWidth(0), library.TextureHeight(0));
+    };
+    return Decode(bytes, findOrAdd, false, firstIndex);
 }
 
 }  // namespace korvane

@@ -23,4 +23,10 @@ std::optional<std::vector<Brush>> DecodeObject(std::span<const std::uint8_t> byt
                                                const TextureLibrary& library, bool withSelection,
                                                std::int32_t firstIndex = 0);
 
+/// The same without selection, for programs that pass objects on: a texture name of some face that
+/// the library lacks is added to it, in the placeholder's size, instead of being lost.
+std::optional<std::vector<Brush>> DecodeObjectAndNames(std::span<const std::uint8_t> bytes,
+                                                       TextureLibrary& library,
+                                                       std::int32_t firstIndex = 0);
+
 }  // namespace korvane

@@ -14,6 +14,7 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <span>
 
 namespace korvane {
@@ -337,6 +338,16 @@ Bounds SelectionBounds(const Scene& scene) {
     Bounds bounds;
     for (const Brush& brush : scene.brushes) {
         if (brush.selected) Extend(bounds, brush);
+    }
+    return bounds;
+}
+
+Bounds SceneBounds(const Scene& scene) {
+    constexpr float kFar = std::numeric_limits<float>::infinity();
+    Bounds bounds{{kFar, kFar, kFar}, {-kFar, -kFar, -kFar}};
+    for (const Brush& brush : scene.brushes) Extend(bounds, brush);
+    for (float Vec3::*axis : {&Vec3::x, &Vec3::y, &Vec3::z}) {
+        if (bounds.min.*axis > bounds.max.*axis) bounds.min.*axis = bounds.max.*axis = 0;
     }
     return bounds;
 }

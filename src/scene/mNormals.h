@@ -32,4 +32,8 @@ Bounds BrushBounds(const Brush& brush);
 /// Bounds of all vertices of all selected brushes.
 Bounds SelectionBounds(const Scene& scene);
 
+/// Bounds of all vertices of all brushes, outside the working range as well; all zero when there
+/// are none. Coordinates that are not numbers do not count.
+Bounds SceneBounds(const Scene& scene);
+
 }  // namespace korvane

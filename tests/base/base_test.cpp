@@ -51,6 +51,10 @@ TEST(NumberTextTest, FixedFormats) {
     EXPECT_EQ(FormatFixed(7, 0, 0), "7");
     EXPECT_EQ(FormatPadded(7, 4), "0007");
     EXPECT_EQ(FormatPadded(10000, 4), "10000");
+    EXPECT_EQ(FormatGrouped(0), "0");
+    EXPECT_EQ(FormatGrouped(999), "999");
+    EXPECT_EQ(FormatGrouped(1234567), "1,234,567");
+    EXPECT_EQ(FormatGrouped(-123456), "-123,456");
     EXPECT_EQ(FormatGeneral(0.1F), "0.1");
     EXPECT_EQ(FormatGeneral(4.0F), "4");
     EXPECT_EQ(FormatGeneral(-0.0F), "0");

@@ -45,6 +45,20 @@ TEST(ObjectFileTest, GoldenFilesComeBackByteForByte) {
     }
 }
 
+TEST(ObjectFileTest, NamesThatTheLibraryLacksCanBeKept) {
+    const Bytes bytes = Golden("scene.kvobject");
+    TextureLibrary library;
+    library.AddTexture("MAUER.BMP", 256, 256);
+    auto brushes = DecodeObjectAndNames(bytes, library);
+    ASSERT_TRUE(brushes);
+    EXPECT_EQ(library.ListCount(), 3);
+    EXPECT_EQ(library.TextureFilename(2), "F\u00FC\u00DFe \u20AC.jpg");
+    TextureLibrary names;
+    brushes = DecodeObjectAndNames(bytes, names);
+    ASSERT_TRUE(brushes);
+    EXPECT_EQ(EncodeObject(SceneOf(*brushes), names, false), bytes);
+}
+
 TEST(ObjectFileTest, EveryFieldOfTheGoldenFileHasItsMeaning) {
     const auto brushes = DecodeObject(Golden("snapshot.kvobject"), GoldenLibrary(), true, 7);
     ASSERT_TRUE(brushes && brushes->size() == 2);

@@ -48,6 +48,13 @@ const std::vector<Floor>& Floors() {
              return set;
          }(),
          false},
+        {"cli",
+         [] {
+             auto set = core;
+             set.insert({"views/ui", "textures/ui"});
+             return set;
+         }(),
+         false},
     };
     return floors;
 }

@@ -42,11 +42,18 @@ bool IsTextureSide(std::int32_t pixels) {
     return pixels >= 32 && pixels <= 1024 && (pixels & (pixels - 1)) == 0;
 }
 
+namespace {
+
+bool ReadTexture(const std::string& path, cDIBSection& image) {
+    return LoadImageFile(path, image) == ImageLoaded && IsTextureSide(image.width) &&
+           IsTextureSide(image.height);
+}
+
+}  // namespace
+
 bool LoadTexture(RenderContext& context, TextureObjects& objects, const std::string& path,
                  cDIBSection& image) {
-    if (LoadImageFile(path, image) != ImageLoaded) return false;
-    if (!IsTextureSide(image.width) || !IsTextureSide(image.height)) return false;
-    return UploadTexture(context, objects, image);
+    return ReadTexture(path, image) && UploadTexture(context, objects, image);
 }
 
 QImage PlaceholderPicture() {
@@ -160,6 +167,15 @@ void LoadAllTextures(const TextureTables& tables, const std::string& folder, Sta
         }
     }
     tables.library.SelectTexture(0);
+}
+
+void ListAllTextures(TextureLibrary& library, const std::string& folder) {
+    for (const std::string& name : TextureFilesIn(folder)) {
+        cDIBSection image;
+        if (ReadTexture(folder + "/" + name, image)) {
+            library.AddTexture(name, image.width, image.height);
+        }
+    }
 }
 
 }  // namespace korvane

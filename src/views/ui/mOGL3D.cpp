@@ -4,20 +4,16 @@
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
-#include <QOpenGLFunctions>
 #include <QSurfaceFormat>
 #include <algorithm>
 #include <cstring>
 
 #include "base/SingleByteText.h"
+#include "views/ui/mOGLPlatform.h"
 
 namespace korvane {
 
 namespace {
-
-constexpr std::int32_t kNoFormat = -1;
-constexpr std::int32_t kNoSurface = -2;
-constexpr std::int32_t kNoContext = -3;
 
 constexpr std::size_t kMaxInfo = 1024;
 constexpr std::size_t kMaxExtensions = 8192;
@@ -37,16 +33,28 @@ QSurfaceFormat DesktopFormat() {
 
 }  // namespace
 
-struct RenderContext::Platform {
+namespace {
+
+/// A context of the window system's plug-in, on a surface that is never shown.
+struct QtPlatform final : RenderContext::Platform {
+    QtPlatform() { surface.setFormat(DesktopFormat()); }
+
+    bool Create() {
+        context.setFormat(DesktopFormat());
+        return context.create() && !context.isOpenGLES();
+    }
+
+    bool MakeCurrent() override {
+        return QOpenGLContext::currentContext() == &context || context.makeCurrent(&surface);
+    }
+    void DoneCurrent() override { context.doneCurrent(); }
+    Function FindFunction(const char* name) override { return context.getProcAddress(name); }
+
     QOffscreenSurface surface;
     QOpenGLContext context;  // destroyed before its surface
-    GLuint framebuffer = 0;
-    GLuint color = 0;
-    GLuint depth = 0;
-    GLenum depthFormat = GL_DEPTH_COMPONENT24;
-    int width = 0;  // of the framebuffer
-    int height = 0;
 };
+
+}  // namespace
 
 RenderContext::RenderContext() = default;
 RenderContext::~RenderContext() {
@@ -57,8 +65,29 @@ namespace {
 
 using Platform = RenderContext::Platform;
 
+template <class FunctionPointer>
+bool Find(Platform& platform, const char* name, FunctionPointer& found) {
+    found = reinterpret_cast<FunctionPointer>(platform.FindFunction(name));
+    return found != nullptr;
+}
+
+bool FindFunctions(Platform& platform) {
+    GLFunctions& gl = platform.functions;
+    return Find(platform, "glGenBuffers", gl.glGenBuffers) &&
+           Find(platform, "glBindBuffer", gl.glBindBuffer) &&
+           Find(platform, "glBufferData", gl.glBufferData) &&
+           Find(platform, "glBufferSubData", gl.glBufferSubData) &&
+           Find(platform, "glGenFramebuffers", gl.glGenFramebuffers) &&
+           Find(platform, "glBindFramebuffer", gl.glBindFramebuffer) &&
+           Find(platform, "glCheckFramebufferStatus", gl.glCheckFramebufferStatus) &&
+           Find(platform, "glFramebufferRenderbuffer", gl.glFramebufferRenderbuffer) &&
+           Find(platform, "glGenRenderbuffers", gl.glGenRenderbuffers) &&
+           Find(platform, "glBindRenderbuffer", gl.glBindRenderbuffer) &&
+           Find(platform, "glRenderbufferStorage", gl.glRenderbufferStorage);
+}
+
 void AllocateStorage(Platform& platform, int width, int height) {
-    QOpenGLFunctions& gl = *platform.context.functions();
+    const GLFunctions& gl = platform.functions;
     gl.glBindRenderbuffer(GL_RENDERBUFFER, platform.color);
     gl.glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
     gl.glBindRenderbuffer(GL_RENDERBUFFER, platform.depth);
@@ -67,14 +96,13 @@ void AllocateStorage(Platform& platform, int width, int height) {
     platform.height = height;
 }
 
-bool IsComplete(Platform& platform) {
-    return platform.context.functions()->glCheckFramebufferStatus(GL_FRAMEBUFFER) ==
-           GL_FRAMEBUFFER_COMPLETE;
+bool IsComplete(const Platform& platform) {
+    return platform.functions.glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
 }
 
 /// Makes the framebuffer and leaves it bound for good.
 bool MakeFramebuffer(Platform& platform, std::uint8_t depthBits) {
-    QOpenGLFunctions& gl = *platform.context.functions();
+    const GLFunctions& gl = platform.functions;
     gl.glGenFramebuffers(1, &platform.framebuffer);
     gl.glGenRenderbuffers(1, &platform.color);
     gl.glGenRenderbuffers(1, &platform.depth);
@@ -91,37 +119,38 @@ bool MakeFramebuffer(Platform& platform, std::uint8_t depthBits) {
     return IsComplete(platform);
 }
 
+}  // namespace
+
 bool IsFormatUsable(std::uint8_t colorBits, std::uint8_t depthBits) {
     return colorBits >= 1 && colorBits <= 32 && depthBits >= 1 && depthBits <= 32;
 }
 
-bool MakeContext(Platform& platform, std::uint8_t depthBits) {
-    platform.context.setFormat(DesktopFormat());
-    return platform.context.create() && !platform.context.isOpenGLES() &&
-           platform.context.makeCurrent(&platform.surface) && MakeFramebuffer(platform, depthBits);
-}
-
-}  // namespace
-
-std::int32_t CreateRenderContext(RenderContext& context, std::uint8_t colorBits,
-                                 std::uint8_t depthBits) {
-    ReleaseRenderContext(context);
-    if (!IsFormatUsable(colorBits, depthBits)) return kNoFormat;
-    auto platform = std::make_unique<Platform>();
-    platform->surface.setFormat(DesktopFormat());
-    platform->surface.create();
-    if (!platform->surface.isValid()) return kNoSurface;
-    if (!MakeContext(*platform, depthBits)) return kNoContext;
-    context.platform = std::move(platform);
+std::int32_t AdoptPlatform(RenderContext& context, std::unique_ptr<Platform> made,
+                           std::uint8_t depthBits) {
+    if (!made->MakeCurrent() || !FindFunctions(*made) || !MakeFramebuffer(*made, depthBits)) {
+        return kNoContext;
+    }
+    context.platform = std::move(made);
     context.handle = 1;
     context.OpenGLReady = true;
     return context.handle;
 }
 
+std::int32_t CreateRenderContext(RenderContext& context, std::uint8_t colorBits,
+                                 std::uint8_t depthBits) {
+    ReleaseRenderContext(context);
+    if (!IsFormatUsable(colorBits, depthBits)) return kNoFormat;
+    auto platform = std::make_unique<QtPlatform>();
+    platform->surface.create();
+    if (!platform->surface.isValid()) return kNoSurface;
+    if (!platform->Create()) return kNoContext;
+    return AdoptPlatform(context, std::move(platform), depthBits);
+}
+
 bool ReleaseRenderContext(RenderContext& context) {
     if (context.handle == 0) return true;
     const bool existed = context.platform != nullptr;
-    if (existed) context.platform->context.doneCurrent();
+    if (existed) context.platform->DoneCurrent();
     context.platform.reset();
     context.handle = 0;
     context.OpenGLReady = false;
@@ -129,14 +158,11 @@ bool ReleaseRenderContext(RenderContext& context) {
 }
 
 bool MakeCurrent(RenderContext& context) {
-    if (!context.OpenGLReady || !context.platform) return false;
-    Platform& platform = *context.platform;
-    return QOpenGLContext::currentContext() == &platform.context ||
-           platform.context.makeCurrent(&platform.surface);
+    return context.OpenGLReady && context.platform && context.platform->MakeCurrent();
 }
 
-QOpenGLFunctions& Functions(RenderContext& context) {
-    return *context.platform->context.functions();
+const GLFunctions& Functions(RenderContext& context) {
+    return context.platform->functions;
 }
 
 void ApplyGLDefaults(RenderContext& context) {

@@ -12,9 +12,9 @@
 #include <string_view>
 #include <vector>
 
-class QOpenGLFunctions;
-
 namespace korvane {
+
+struct GLFunctions;
 
 /// OpenGL texture names by texture index; index 0 is the placeholder.
 using TextureObjects = std::vector<unsigned>;
@@ -42,6 +42,11 @@ struct RenderContext {
 std::int32_t CreateRenderContext(RenderContext& context, std::uint8_t colorBits,
                                  std::uint8_t depthBits);
 
+/// The same with a context that belongs to no window system and needs no display and no application
+/// object, for programs that only make pictures.
+std::int32_t CreateSurfacelessContext(RenderContext& context, std::uint8_t colorBits,
+                                      std::uint8_t depthBits);
+
 /// Gives the context back, textures and buffers with it; true without one. False: there was nothing
 /// behind the handle.
 bool ReleaseRenderContext(RenderContext& context);
@@ -49,8 +54,9 @@ bool ReleaseRenderContext(RenderContext& context);
 /// Makes the context current; to be called before any OpenGL function. False without a context.
 bool MakeCurrent(RenderContext& context);
 
-/// The functions of the current context beyond OpenGL 1.1. Needs a ready context.
-QOpenGLFunctions& Functions(RenderContext& context);
+/// The functions of the current context beyond OpenGL 1.1, see mOGLPlatform.h. Needs a ready
+/// context.
+const GLFunctions& Functions(RenderContext& context);
 
 /// The state that never changes: depth test, culling, smooth shading, texturing, blend and alpha
 /// functions (never enabled).

@@ -2,10 +2,11 @@
 
 #include <GL/gl.h>
 
-#include <QOpenGLFunctions>
 #include <array>
 #include <cmath>
 #include <cstddef>
+
+#include "views/ui/mOGLPlatform.h"
 
 namespace korvane {
 namespace {
@@ -50,7 +51,7 @@ void DrawPreviewGrid(const Camera& camera, Color color) {
 namespace {
 
 /// Brings the vertex buffer in line with the scene, sending only what changed.
-void StoreCorners(QOpenGLFunctions& gl, PreviewRenderer& renderer, const Scene& scene) {
+void StoreCorners(const GLFunctions& gl, PreviewRenderer& renderer, const Scene& scene) {
     const std::vector<CornerRange> changed = UpdatePreviewMesh(renderer.mesh, scene);
     const std::vector<PreviewCorner>& corners = renderer.mesh.corners;
     if (renderer.cornerBuffer == 0) gl.glGenBuffers(1, &renderer.cornerBuffer);
@@ -74,7 +75,7 @@ void StoreCorners(QOpenGLFunctions& gl, PreviewRenderer& renderer, const Scene& 
     }
 }
 
-void StoreIndices(QOpenGLFunctions& gl, PreviewRenderer& renderer) {
+void StoreIndices(const GLFunctions& gl, PreviewRenderer& renderer) {
     const std::vector<std::uint32_t>& indices = renderer.runs.corners;
     if (renderer.indexBuffer == 0) gl.glGenBuffers(1, &renderer.indexBuffer);
     gl.glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, renderer.indexBuffer);
@@ -93,7 +94,7 @@ void PointToCorners() {
     glEnableClientState(GL_VERTEX_ARRAY);
 }
 
-void LeaveCorners(QOpenGLFunctions& gl) {
+void LeaveCorners(const GLFunctions& gl) {
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_NORMAL_ARRAY);
     glDisableClientState(GL_VERTEX_ARRAY);
@@ -167,7 +168,7 @@ std::array<double, 16> CurrentProjection() {
 void DrawPreviewBrushes(RenderContext& context, PreviewRenderer& renderer,
                         const PreviewScene& shown) {
     glEnable(GL_TEXTURE_2D);
-    QOpenGLFunctions& gl = Functions(context);
+    const GLFunctions& gl = Functions(context);
     StoreCorners(gl, renderer, shown.scene);
     const PreviewView view{{shown.camera.x, shown.camera.y, shown.camera.z},
                            CurrentProjection(),
