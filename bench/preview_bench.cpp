@@ -9,10 +9,12 @@
 #include <map>
 #include <memory>
 
+#include "Compare.h"
 #include "support/ImmediatePreview.h"
 #include "support/PreviewStage.h"
 #include "textures/ui/mImageFile.h"
 #include "textures/ui/mOGLTextures.h"
+#include "views/ui/mPick.h"
 
 namespace {
 
@@ -83,6 +85,31 @@ void BM_RenderPreviewWhileMoving(benchmark::State& state) {
     }
 }
 
+/// A pick beside one that sends the whole scene, at places all over the view.
+void BM_Pick(benchmark::State& state) {
+    PreviewStage& stage = StageOf(5000);
+    LookFrom(stage, Place(state.range(0)), 5000);
+    stage.Render();
+    int different = 0;
+    int place = 0;
+    std::int32_t expected = 0;
+    const auto pick = [&](auto picker) { return picker(place * 37 % 800, place * 101 % 600); };
+    const auto ours = [&](int x, int y) {
+        return PickPreview(stage.context, stage.renderer, stage.Shown(), x, y);
+    };
+    const auto whole = [&](int x, int y) {
+        return korvane::test::PickImmediate(stage.context, stage.Shown(), x, y);
+    };
+    korvane::bench::Compare(
+        state,
+        [&] {
+            different += pick(ours) != expected;
+            ++place;
+        },
+        [&] { expected = pick(whole); });
+    state.counters["different"] = different;
+}
+
 /// Nothing to draw: what clearing, reading back and turning the picture cost.
 void BM_EmptyFrame(benchmark::State& state) {
     PreviewStage& stage = StageOf(0);
@@ -100,6 +127,8 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(BM_ImmediateMode)->Apply(Sizes);
 BENCHMARK(BM_RenderPreview)->Apply(Sizes);
 BENCHMARK(BM_RenderPreviewWhileMoving)->Arg(5000)->ArgName("boxes")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Pick)->Arg(Outside)->Arg(Inside)->ArgName("inside")->UseManualTime()->Unit(
+    benchmark::kMillisecond);
 BENCHMARK(BM_EmptyFrame)->Unit(benchmark::kMillisecond);
 
 /// Twelve pictures of 64 to 512 pixels in the formats of a texture folder.

@@ -1,7 +1,12 @@
 #include "views/ui/ucPreview.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
+
+#include "base/Rounding.h"
+#include "editor/mPreviewClick.h"
+#include "views/ui/mPick.h"
 
 namespace korvane {
 
@@ -29,15 +34,20 @@ void ucPreview::ResizeViewport() {
     MarkDirty();
 }
 
-void ucPreview::RenderNow() {
+PreviewScene ucPreview::Shown() const {
+    return {editor_.scene, editor_.settings, editor_.camera, textures_};
+}
+
+/// A window moved to a screen of another density is not resized in its own pixels.
+void ucPreview::FitViewport() {
     const QSize size = DeviceSize();
-    // A window moved to a screen of another density is not resized in its own pixels.
-    if (QSize(context_.width, context_.height) != size) {
-        ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar,
-                              kPreviewFieldOfView);
-    }
-    RenderPreview(context_, renderer_,
-                  {editor_.scene, editor_.settings, editor_.camera, textures_});
+    if (QSize(context_.width, context_.height) == size) return;
+    ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar, kPreviewFieldOfView);
+}
+
+void ucPreview::RenderNow() {
+    FitViewport();
+    RenderPreview(context_, renderer_, Shown());
     dirty_ = false;
 }
 
@@ -60,6 +70,22 @@ void ucPreview::resizeEvent(QResizeEvent*) {
 void ucPreview::mouseMoveEvent(QMouseEvent*) {
     editor_.host.ShowStatus(1, "3D");
     for (const int panel : {2, 3, 4}) editor_.host.ShowStatus(panel, "");
+}
+
+/// The position counts in the widget's own pixels.
+void ucPreview::PickAt(const QPointF& position) {
+    FitViewport();
+    const QPointF pixel = position * devicePixelRatioF();
+    ClickPreview(editor_, [&] {
+        return PickPreview(context_, renderer_, Shown(), RoundToInt(pixel.x()),
+                           RoundToInt(pixel.y()));
+    });
+}
+
+void ucPreview::mousePressEvent(QMouseEvent* event) {
+    constexpr auto kModifiers = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+    const bool ctrlOnly = (event->modifiers() & kModifiers) == Qt::ControlModifier;
+    if (event->button() == Qt::LeftButton && ctrlOnly) PickAt(event->position());
 }
 
 }  // namespace korvane

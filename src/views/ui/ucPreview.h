@@ -27,9 +27,13 @@ class ucPreview : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
   private:
     QSize DeviceSize() const;
+    PreviewScene Shown() const;
+    void FitViewport();
+    void PickAt(const QPointF& position);
     void RenderNow();
 
     Editor& editor_;
