@@ -1,10 +1,8 @@
 #include "views/ui/mDrawOrder.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <numeric>
-#include <tuple>
 
 namespace korvane {
 namespace {
@@ -27,7 +25,8 @@ bool Overlap(float min1, float max1, float min2, float max2) {
     return min1 <= max2 + kTouching && min2 <= max1 + kTouching;
 }
 
-bool Meet(const DrawItem& a, const DrawItem& b) {
+template <class Bounded>
+bool Meet(const Bounded& a, const Bounded& b) {
     return Overlap(a.min.x, a.max.x, b.min.x, b.max.x) &&
            Overlap(a.min.y, a.max.y, b.min.y, b.max.y) &&
            Overlap(a.min.z, a.max.z, b.min.z, b.max.z);
@@ -55,34 +54,40 @@ void DrawOrder::Sort(std::vector<DrawItem>& items) {
         std::ranges::sort(items, {}, &DrawItem::brush);
         return;
     }
-    std::vector<std::uint32_t>& order = sweep_;
-    std::ranges::sort(order, {}, [&](std::uint32_t i) {
-        const DrawItem& item = items[i];
-        return std::tuple(DepthStep(item.depth), item.state, item.brush);
-    });
+    RankItems(items);
     IndexPairs(items.size());
     sorted_.clear();
     drawn_.assign(items.size(), false);
-    for (const std::uint32_t item : order) Emit(items, item);
+    for (const Rank& rank : ranks_) Emit(items, rank.item);
     items.swap(sorted_);
 }
 
-/// Finds which items meet; false when that takes too long. Leaves each item in sweep_ once.
+void DrawOrder::RankItems(const std::vector<DrawItem>& items) {
+    ranks_.clear();
+    for (const DrawItem& item : items) {
+        ranks_.push_back({DepthStep(item.depth), item.state, item.brush,
+                          static_cast<std::uint32_t>(ranks_.size())});
+    }
+    std::ranges::sort(ranks_);
+}
+
+/// Finds which items meet; false when that takes too long.
 bool DrawOrder::FindPairs(const std::vector<DrawItem>& items) {
     const auto axis = WidestAxis(items);
     pairs_.clear();
-    sweep_.resize(items.size());
-    std::iota(sweep_.begin(), sweep_.end(), 0U);
-    std::ranges::sort(sweep_, {}, [&](std::uint32_t i) { return items[i].min.*axis; });
+    sweep_.clear();
+    for (const DrawItem& item : items) {
+        sweep_.push_back({item.min, item.max, static_cast<std::uint32_t>(sweep_.size())});
+    }
+    std::ranges::sort(sweep_, {}, [&](const Extent& extent) { return extent.min.*axis; });
     std::size_t tests = 0;
-    for (std::size_t i = 0; i < sweep_.size(); ++i) {
-        const DrawItem& item = items[sweep_[i]];
-        const float end = item.max.*axis + kTouching;
-        for (std::size_t k = i + 1; k < sweep_.size(); ++k, ++tests) {
-            const DrawItem& other = items[sweep_[k]];
-            if (!(other.min.*axis <= end)) break;
-            if (Meet(item, other)) AddPair(items, sweep_[i], sweep_[k]);
+    for (auto one = sweep_.begin(); one != sweep_.end(); ++one) {
+        const float end = one->max.*axis + kTouching;
+        auto other = one + 1;
+        for (; other != sweep_.end() && other->min.*axis <= end; ++other) {
+            if (Meet(*one, *other)) AddPair(items, one->item, other->item);
         }
+        tests += static_cast<std::size_t>(other - one);
         if (tests > kMostTests * items.size()) return false;
     }
     return true;

@@ -4,12 +4,13 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace korvane {
 namespace {
 
 /// Cells to aim at: finer ones cost more than what they find hidden.
-constexpr double kMostCells = 5e5;
+constexpr double kMostCells = 1.5e5;
 
 /// How far from its exact place OpenGL may draw an edge, in pixels, with room to spare.
 constexpr float kEdgeRoom = 1.0F / 64;
@@ -46,6 +47,47 @@ int FloorWithin(float position, int limit) {
     return position >= float(limit) ? limit : int(position);
 }
 
+/// Middle and half size of a box.
+struct Extents {
+    std::array<double, 3> middle;
+    std::array<float, 3> half;
+};
+
+double AtMiddle(const std::array<double, 4>& row, const Extents& box) {
+    return row[0] * box.middle[0] + row[1] * box.middle[1] + row[2] * box.middle[2] + row[3];
+}
+
+/// The least value of a row of the projection over the box.
+float Least(const std::array<double, 4>& row, const Extents& box) {
+    return float(AtMiddle(row, box) - std::abs(row[0]) * box.half[0] -
+                 std::abs(row[1]) * box.half[1] - std::abs(row[2]) * box.half[2]);
+}
+
+/// One value for each corner of a box.
+using Corners = std::array<float, 8>;
+
+/// A row of the projection at all corners.
+void SpreadCorners(const std::array<double, 4>& row, const Extents& box, Corners& out) {
+    static constexpr Corners kX = {-1, 1, -1, 1, -1, 1, -1, 1};
+    static constexpr Corners kY = {-1, -1, 1, 1, -1, -1, 1, 1};
+    static constexpr Corners kZ = {-1, -1, -1, -1, 1, 1, 1, 1};
+    const float middle = float(AtMiddle(row, box));
+    const float x = float(row[0]) * box.half[0], y = float(row[1]) * box.half[1],
+                z = float(row[2]) * box.half[2];
+    for (int i = 0; i < 8; ++i) out[i] = middle + x * kX[i] + y * kY[i] + z * kZ[i];
+}
+
+/// Least and greatest. Folded in halves, so that it takes few steps.
+std::pair<float, float> Range(const Corners& values) {
+    std::array<float, 4> least, most;
+    for (int i = 0; i < 4; ++i) {
+        least[i] = std::min(values[i], values[i + 4]);
+        most[i] = std::max(values[i], values[i + 4]);
+    }
+    return {std::min(std::min(least[0], least[1]), std::min(least[2], least[3])),
+            std::max(std::max(most[0], most[1]), std::max(most[2], most[3]))};
+}
+
 }  // namespace
 
 bool OcclusionBuffer::Start(const std::array<double, 16>& m, int width, int height) {
@@ -58,6 +100,7 @@ bool OcclusionBuffer::Start(const std::array<double, 16>& m, int width, int heig
         projection_[2][column] = m[column * 4 + 2];
         projection_[3][column] = w;
     }
+    for (int i = 0; i < 4; ++i) near_[i] = projection_[2][i] + projection_[3][i];
     const auto& [x, y, z, w] = projection_;
     const std::array<std::array<double, 3>, 3> columns = {Cross(y, w), Cross(w, x), Cross(x, y)};
     const double determinant = Dot(columns[0], x[0], x[1], x[2]);
@@ -73,7 +116,6 @@ bool OcclusionBuffer::Start(const std::array<double, 16>& m, int width, int heig
     crossings_.resize(std::size_t(rows_) * 2);
     firstRow_ = 0;
     lastRow_ = rows_ - 1;  // what the last frame left there is still to be cleared
-    line_.resize(columns_);
     return true;
 }
 
@@ -86,29 +128,36 @@ OcclusionBuffer::ClipPoint OcclusionBuffer::Project(double x, double y, double z
 }
 
 bool OcclusionBuffer::Hides(const Vec3& min, const Vec3& max) const {
-    constexpr float kFar = std::numeric_limits<float>::infinity();
-    float left = kFar, right = -kFar, bottom = kFar, top = -kFar, nearest = 0;
+    const Extents box{
+        {(double(min.x) + max.x) / 2, (double(min.y) + max.y) / 2, (double(min.z) + max.z) / 2},
+        {(max.x - min.x) / 2, (max.y - min.y) / 2, (max.z - min.z) / 2}};
+    const float nearestDepth = Least(projection_[3], box);
+    if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return false;
+    Corners x, y, w;
+    SpreadCorners(projection_[0], box, x);
+    SpreadCorners(projection_[1], box, y);
+    SpreadCorners(projection_[3], box, w);
     for (int i = 0; i < 8; ++i) {
-        const ClipPoint p =
-            Project(i & 1 ? max.x : min.x, i & 2 ? max.y : min.y, i & 4 ? max.z : min.z);
-        if (!(p.z + p.w > kNearRoom) || !(p.w > 0)) return false;
-        const float inverse = 1 / p.w;
-        const float x = p.x * inverse, y = p.y * inverse;
-        left = std::min(left, x);
-        right = std::max(right, x);
-        bottom = std::min(bottom, y);
-        top = std::max(top, y);
-        nearest = std::max(nearest, inverse);
+        const float inverse = 1 / w[i];
+        x[i] *= inverse;
+        y[i] *= inverse;
     }
+    const auto [left, right] = Range(x);
+    const auto [bottom, top] = Range(y);
     const int firstX = std::max(CeilWithin(left - 0.5F - kEdgeRoom, width_), 0);
     const int lastX = FloorWithin(right - 0.5F + kEdgeRoom, width_ - 1);
     const int firstY = std::max(CeilWithin(bottom - 0.5F - kEdgeRoom, height_), 0);
     const int lastY = FloorWithin(top - 0.5F + kEdgeRoom, height_ - 1);
     if (firstX > lastX || firstY > lastY) return true;
-    const float needed = nearest * kDepthRounding + kDepthRoom;
-    const int count = lastX / cell_ - firstX / cell_ + 1;
-    for (int row = firstY / cell_; row <= lastY / cell_; ++row) {
-        const float* cell = &cells_[std::size_t(row) * columns_ + firstX / cell_];
+    return AreCovered(firstX / cell_, lastX / cell_, firstY / cell_, lastY / cell_,
+                      1 / nearestDepth * kDepthRounding + kDepthRoom);
+}
+
+/// Whether all cells of the rectangle are at least as near as that, in 1 / depth.
+bool OcclusionBuffer::AreCovered(int firstX, int lastX, int firstY, int lastY, float needed) const {
+    const int count = lastX - firstX + 1;
+    for (int row = firstY; row <= lastY; ++row) {
+        const float* cell = &cells_[std::size_t(row) * columns_ + firstX];
         int open = 0;
         for (int i = 0; i < count; ++i) open += cell[i] < needed;
         if (open > 0) return false;
@@ -268,20 +317,35 @@ void OcclusionBuffer::FillOutline(std::span<const Slope> depths) {
 
 void OcclusionBuffer::FillCells(int row, int first, int last, std::span<const Slope> depths) {
     const float cell = float(cell_);
+    const float x = (float(first) + 0.5F) * cell;
     const float y = (float(row) + 0.5F) * cell;
-    const int count = last - first + 1;
-    float* line = line_.data();
-    for (std::size_t d = 0; d < depths.size(); ++d) {
-        const float base = depths[d].base + depths[d].y * y + depths[d].x * (first + 0.5F) * cell;
-        const float step = depths[d].x * cell;
-        if (d == 0) {
-            for (int i = 0; i < count; ++i) line[i] = base + step * float(i);
-        } else {
-            for (int i = 0; i < count; ++i) line[i] = std::min(line[i], base + step * float(i));
-        }
+    std::array<float, kMostPlanes> base, step;
+    for (std::size_t i = 0; i < depths.size(); ++i) {
+        base[i] = depths[i].base + depths[i].x * x + depths[i].y * y;
+        step[i] = depths[i].x * cell;
     }
     float* cells = &cells_[std::size_t(row) * columns_ + first];
-    for (int i = 0; i < count; ++i) cells[i] = std::max(cells[i], line[i]);
+    const int count = last - first + 1;
+    const auto at = [&](std::size_t plane, int i) { return base[plane] + step[plane] * float(i); };
+    const auto fill = [&](auto value) {
+        for (int i = 0; i < count; ++i) cells[i] = std::max(cells[i], value(i));
+    };
+    // Nearly all that is drawn are faces by themselves and boxes, which show three sides at most.
+    if (depths.size() == 1) {
+        fill([&](int i) { return at(0, i); });
+    } else if (depths.size() == 2) {
+        fill([&](int i) { return std::min(at(0, i), at(1, i)); });
+    } else if (depths.size() == 3) {
+        fill([&](int i) { return std::min(std::min(at(0, i), at(1, i)), at(2, i)); });
+    } else {
+        fill([&](int i) {
+            float least = at(0, i);
+            for (std::size_t plane = 1; plane < depths.size(); ++plane) {
+                least = std::min(least, at(plane, i));
+            }
+            return least;
+        });
+    }
 }
 
 }  // namespace korvane

@@ -48,6 +48,7 @@ class OcclusionBuffer {
         float left, right;
     };
 
+    bool AreCovered(int firstX, int lastX, int firstY, int lastY, float needed) const;
     ClipPoint Project(double x, double y, double z) const;
     Slope InverseDepth(const PreviewFace& face, double eyeDistance) const;
     void GatherFront(std::span<const PreviewFace> faces);
@@ -65,6 +66,7 @@ class OcclusionBuffer {
     int columns_ = 0;  ///< cells
     int rows_ = 0;
     std::array<std::array<double, 4>, 4> projection_{};  ///< rows, x and y in pixels
+    std::array<double, 4> near_{};                       ///< above 0 before the near plane
     std::array<std::array<double, 3>, 3> inverse_{};     ///< of its rows x, y and w
     std::array<double, 3> eye_{};
     std::vector<float> cells_;  ///< 1 / depth of the nearest solid that covers the cell
@@ -78,7 +80,6 @@ class OcclusionBuffer {
     std::vector<std::uint32_t> front_;  ///< faces turned to the eye
     std::vector<Slope> faceDepths_;     ///< of their planes
     std::vector<Slope> depths_;         ///< the same, each plane once
-    std::vector<float> line_;
 };
 
 }  // namespace korvane

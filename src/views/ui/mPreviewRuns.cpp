@@ -124,18 +124,24 @@ bool HidesOthers(PreviewBrush& built, const Brush& brush, bool showInvisible) {
 /// Leaves out the brushes that nearer ones hide, and puts the others in drawing order.
 void KeepVisible(const Scene& scene, PreviewMesh& mesh, const PreviewView& view,
                  PreviewRuns& runs) {
-    std::vector<DrawItem>& items = runs.items;
     if (!runs.occlusion.Start(view.projection, view.width, view.height)) return;
-    std::ranges::sort(items, {}, &DrawItem::depth);
-    std::erase_if(items, [&](const DrawItem& item) {
-        if (runs.occlusion.Hides(item.min, item.max)) return true;
+    runs.nearFirst.clear();
+    for (const DrawItem& item : runs.items) {
+        runs.nearFirst.push_back({item.depth, std::uint32_t(runs.nearFirst.size())});
+    }
+    std::ranges::sort(runs.nearFirst);
+    runs.visible.clear();
+    for (const auto& [depth, place] : runs.nearFirst) {
+        const DrawItem& item = runs.items[place];
+        if (runs.occlusion.Hides(item.min, item.max)) continue;
+        runs.visible.push_back(item);
         PreviewBrush& brush = mesh.brushes[item.brush];
         if (HidesOthers(brush, scene.brushes[item.brush], view.showInvisible)) {
             runs.occlusion.Add(FacesOf(mesh, brush), scene.brushes[item.brush].vertices);
         }
-        return false;
-    });
-    runs.order.Sort(items);
+    }
+    runs.order.Sort(runs.visible);
+    runs.items.swap(runs.visible);
 }
 
 /// How a pick names what it draws.

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "views/ui/mDrawOrder.h"
@@ -34,7 +35,9 @@ struct PreviewRuns {
     std::vector<PreviewRun> runs;
     OcclusionBuffer occlusion;
     DrawOrder order;
-    std::vector<DrawItem> items;
+    std::vector<DrawItem> items;  ///< the brushes that are drawn, in drawing order
+    std::vector<DrawItem> visible;
+    std::vector<std::pair<float, std::uint32_t>> nearFirst;  ///< depth, place in items
 };
 
 /// From where, and what, the frame looks at.
