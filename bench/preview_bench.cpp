@@ -9,10 +9,12 @@
 #include <map>
 #include <memory>
 
+#include "Compare.h"
 #include "support/ImmediatePreview.h"
 #include "support/PreviewStage.h"
 #include "textures/ui/mImageFile.h"
 #include "textures/ui/mOGLTextures.h"
+#include "views/ui/mPick.h"
 
 namespace {
 
@@ -59,28 +61,66 @@ PreviewStage& StageOf(int count) {
     return *stage;
 }
 
-void BM_ImmediateMode(benchmark::State& state) {
-    PreviewStage& stage = StageOf(int(state.range(0)));
-    LookFrom(stage, Place(state.range(1)), int(state.range(0)));
-    for (auto _ : state) korvane::test::RenderImmediate(stage.context, stage.Shown());
+/// Pixels in which two pictures of one size differ.
+int DifferentPixels(const QImage& a, const QImage& b) {
+    int different = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) different += a.pixel(x, y) != b.pixel(x, y);
+    }
+    return different;
 }
 
+/// A frame beside the same one in immediate mode.
 void BM_RenderPreview(benchmark::State& state) {
     PreviewStage& stage = StageOf(int(state.range(0)));
     LookFrom(stage, Place(state.range(1)), int(state.range(0)));
-    stage.Render();
-    for (auto _ : state) stage.Render();
+    const QImage ours = stage.Render().copy();
+    korvane::test::RenderImmediate(stage.context, stage.Shown());
+    state.counters["different_pixels"] = DifferentPixels(ours, stage.context.frame);
+    korvane::bench::Compare(
+        state, [&] { stage.Render(); },
+        [&] { korvane::test::RenderImmediate(stage.context, stage.Shown()); });
 }
 
-/// A drag: one brush in fifty changes between two frames.
+/// A frame in which `moved` brushes changed beside one in which none did.
 void BM_RenderPreviewWhileMoving(benchmark::State& state) {
     PreviewStage& stage = StageOf(int(state.range(0)));
     LookFrom(stage, Outside, int(state.range(0)));
     auto& brushes = stage.editor.scene.brushes;
-    for (auto _ : state) {
-        for (std::size_t i = 0; i < brushes.size(); i += 50) Touch(brushes[i]);
-        stage.Render();
-    }
+    const std::size_t step = brushes.size() / std::size_t(state.range(1));
+    stage.Render();
+    korvane::bench::Compare(
+        state,
+        [&] {
+            for (std::size_t i = 0; i < brushes.size(); i += step) Touch(brushes[i]);
+            stage.Render();
+        },
+        [&] { stage.Render(); });
+}
+
+/// A pick beside one that sends the whole scene, at places all over the view.
+void BM_Pick(benchmark::State& state) {
+    PreviewStage& stage = StageOf(5000);
+    LookFrom(stage, Place(state.range(0)), 5000);
+    stage.Render();
+    int different = 0;
+    int place = 0;
+    std::int32_t expected = 0;
+    const auto pick = [&](auto picker) { return picker(place * 37 % 800, place * 101 % 600); };
+    const auto ours = [&](int x, int y) {
+        return PickPreview(stage.context, stage.renderer, stage.Shown(), x, y);
+    };
+    const auto whole = [&](int x, int y) {
+        return korvane::test::PickImmediate(stage.context, stage.Shown(), x, y);
+    };
+    korvane::bench::Compare(
+        state,
+        [&] {
+            different += pick(ours) != expected;
+            ++place;
+        },
+        [&] { expected = pick(whole); });
+    state.counters["different"] = different;
 }
 
 /// Nothing to draw: what clearing, reading back and turning the picture cost.
@@ -94,12 +134,18 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
     for (const int count : {1000, 5000, 20000}) {
         for (const int place : {Outside, Inside}) benchmark->Args({count, place});
     }
-    benchmark->ArgNames({"boxes", "inside"})->Unit(benchmark::kMillisecond);
+    benchmark->ArgNames({"boxes", "inside"})->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK(BM_ImmediateMode)->Apply(Sizes);
 BENCHMARK(BM_RenderPreview)->Apply(Sizes);
-BENCHMARK(BM_RenderPreviewWhileMoving)->Arg(5000)->ArgName("boxes")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RenderPreviewWhileMoving)
+    ->Args({5000, 1})
+    ->Args({5000, 100})
+    ->ArgNames({"boxes", "moved"})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Pick)->Arg(Outside)->Arg(Inside)->ArgName("inside")->UseManualTime()->Unit(
+    benchmark::kMillisecond);
 BENCHMARK(BM_EmptyFrame)->Unit(benchmark::kMillisecond);
 
 /// Twelve pictures of 64 to 512 pixels in the formats of a texture folder.

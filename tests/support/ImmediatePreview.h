@@ -2,27 +2,46 @@
 // renderer must look like, and what benchmarks stand it beside.
 #pragma once
 
-#include <GL/gl.h>
+#include <GL/glu.h>
 
+#include <cstdint>
+#include <vector>
+
+#include "scene/mSelection.h"
 #include "views/ui/mRender.h"
 
 namespace korvane::test {
 
 class ImmediateBrushes {
   public:
-    explicit ImmediateBrushes(const PreviewScene& shown) : shown_(shown) {}
+    explicit ImmediateBrushes(const PreviewScene& shown, bool picking = false)
+        : shown_(shown), picking_(picking) {}
 
     void Draw() {
         glEnable(GL_TEXTURE_2D);
         glBegin(GL_TRIANGLES);
-        for (const Brush& brush : shown_.scene.brushes) {
+        const std::int32_t selected = CountSelectedBrushes(shown_.scene);
+        const bool namesFaces = shown_.scene.editMode == FaceEdit && selected > 0;
+        for (std::size_t b = 0; b < shown_.scene.brushes.size(); ++b) {
+            const Brush& brush = shown_.scene.brushes[b];
             if (!brush.selected && colorState_ != 1) SetPlain();
-            for (const BrushFace& face : brush.faces) DrawFace(brush, face);
+            if (picking_) LoadName(namesFaces ? kNoPickName : static_cast<GLuint>(b));
+            for (std::size_t f = 0; f < brush.faces.size(); ++f) {
+                const bool named = picking_ && namesFaces && selected == 1 && brush.selected;
+                if (named) LoadName(static_cast<GLuint>(f));
+                DrawFace(brush, brush.faces[f]);
+            }
         }
         glEnd();
     }
 
   private:
+    void LoadName(GLuint name) {
+        glEnd();
+        glLoadName(name);
+        glBegin(GL_TRIANGLES);
+    }
+
     void SetPlain() {
         colorState_ = 1;
         glEnd();
@@ -64,6 +83,7 @@ class ImmediateBrushes {
     }
 
     const PreviewScene& shown_;
+    bool picking_;
     int colorState_ = 0;
     std::int32_t texture_ = -1;
 };
@@ -82,6 +102,33 @@ inline void RenderImmediate(RenderContext& context, const PreviewScene& shown) {
     }
     ImmediateBrushes(shown).Draw();
     SwapBuffers(context);
+}
+
+/// PickPreview without leaving anything out.
+inline std::int32_t PickImmediate(RenderContext& context, const PreviewScene& shown, int x, int y) {
+    MakeCurrent(context);
+    GLint viewport[4] = {0, 0, context.width, context.height};
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    gluPickMatrix(x, context.height - y, 1, 1, viewport);
+    gluPerspective(kPreviewFieldOfView, double(context.width) / context.height, 0.1, kPreviewFar);
+    ApplyCamera(shown.camera);
+    static std::vector<GLuint> hits(1 << 20);
+    glSelectBuffer(GLsizei(hits.size()), hits.data());
+    glRenderMode(GL_SELECT);
+    glInitNames();
+    glPushName(0);
+    ImmediateBrushes(shown, true).Draw();
+    const GLint count = glRenderMode(GL_RENDER);
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    const GLuint* best = hits.data();
+    for (GLint i = 1; i < count; ++i) {
+        if (hits[i * 4 + 1] < best[1]) best = &hits[i * 4];
+    }
+    return count < 1 ? -1 : static_cast<std::int32_t>(best[3]);
 }
 
 }  // namespace korvane::test

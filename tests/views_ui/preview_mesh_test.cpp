@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "scene/mBrush.h"
-#include "views/ui/mPreviewMesh.h"
+#include "views/ui/mPreviewRuns.h"
 
 namespace korvane {
 namespace {

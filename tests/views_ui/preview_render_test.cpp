@@ -285,57 +285,5 @@ TEST(PreviewPictureTest, BrushesBeyondTheWorkingRangeAreNotLost) {
     ExpectLikeImmediate(stage, "far from the origin");
 }
 
-/// The names under the middle of the view with their least depth, as selection mode reports them.
-std::vector<std::pair<unsigned, unsigned>> Pick(PreviewStage& stage) {
-    std::array<GLuint, 512> hits{};
-    glSelectBuffer(GLsizei(hits.size()), hits.data());
-    glRenderMode(GL_SELECT);
-    glInitNames();
-    glPushName(0);
-    stage.renderer.PickRendering = true;
-    RenderPreview(stage.context, stage.renderer, stage.Shown());
-    stage.renderer.PickRendering = false;
-    const GLint count = glRenderMode(GL_RENDER);
-    std::vector<std::pair<unsigned, unsigned>> names;
-    for (GLint i = 0; i < count; ++i) names.push_back({hits[i * 4 + 3], hits[i * 4 + 1]});
-    return names;
-}
-
-TEST(PreviewPickTest, NamesBrushesAndLeavesTheShownFrameAlone) {
-    PreviewStage stage;
-    stage.LookFrom(0, 0, 5);
-    stage.Add({-1, -1, -3}, {1, 1, -2}, 0);
-    stage.Add({-1, -1, 0}, {1, 1, 1}, 0);
-    stage.Add({-1, -1, 8}, {1, 1, 9}, 0);  // behind the eye
-    stage.LookFrom(0, 0, 6);
-    const QImage before = stage.Render().copy();
-    stage.LookFrom(0, 0, 5);
-    const auto hits = Pick(stage);
-    EXPECT_EQ(stage.context.frame, before);
-    ASSERT_EQ(hits.size(), 2U);
-    EXPECT_EQ(hits[0].first, 0U);
-    EXPECT_EQ(hits[1].first, 1U);
-    EXPECT_LT(hits[1].second, hits[0].second) << "the second brush is nearer";
-}
-
-TEST(PreviewPickTest, NamesTheFacesOfTheOneSelectedBrush) {
-    PreviewStage stage;
-    stage.LookFrom(0, 0, 5);
-    stage.Add({-1, -1, -3}, {1, 1, -2}, 0);
-    stage.Add({-1, -1, 0}, {1, 1, 1}, 0).selected = true;
-    stage.editor.scene.editMode = FaceEdit;
-    const auto& faces = stage.editor.scene.brushes[1].faces;
-    int named = 0;
-    for (const auto& [name, depth] : Pick(stage)) {
-        if (name == kNoPickName) continue;
-        ++named;
-        ASSERT_LT(name, faces.size());
-        EXPECT_EQ(faces[name].normal.z, 1) << "only the front is turned to the eye";
-    }
-    EXPECT_EQ(named, 2);
-    stage.editor.scene.brushes[0].selected = true;
-    for (const auto& [name, depth] : Pick(stage)) EXPECT_EQ(name, kNoPickName);
-}
-
 }  // namespace
 }  // namespace korvane

@@ -52,6 +52,25 @@ TEST_F(PreviewWidgetTest, WithoutAContextItShowsTheBackground) {
     EXPECT_EQ(Middle(), qRgb(10, 20, 30));
 }
 
+TEST_F(PreviewWidgetTest, CtrlClickSelectsWhatIsUnderTheCursor) {
+    stage_.Add({0.1F, 0.1F, 0.5F}, {2, 2, 1}, 1);  // fills the quarter at the top right
+    const auto& brushes = stage_.editor.scene.brushes;
+    const auto click = [&](Qt::KeyboardModifiers modifiers, const QPoint& at) {
+        QTest::mouseClick(&pane_, Qt::LeftButton, modifiers, at);
+        return std::pair(bool(brushes[0].selected), bool(brushes[1].selected));
+    };
+    pane_.resize(310, 170);  // the pick goes by the new size even before the next frame
+    const QPoint middle = pane_.rect().center();
+    const QPoint corner(pane_.width() - 3, 3);
+    EXPECT_EQ(click(Qt::ControlModifier, corner), std::pair(false, true));
+    EXPECT_EQ(click(Qt::ControlModifier, middle + QPoint(-8, 8)), std::pair(true, true));
+    EXPECT_EQ(click(Qt::ControlModifier, corner), std::pair(true, false));
+    EXPECT_EQ(click(Qt::ControlModifier, {3, 3}), std::pair(true, false)) << "background";
+    EXPECT_EQ(click(Qt::NoModifier, middle), std::pair(true, false));
+    EXPECT_EQ(click(Qt::ControlModifier | Qt::ShiftModifier, middle), std::pair(true, false));
+    EXPECT_EQ(click(Qt::ControlModifier | Qt::AltModifier, middle), std::pair(true, false));
+}
+
 TEST_F(PreviewWidgetTest, TheMouseOverItIsToldInTheStatusBar) {
     stage_.host.status = {{1, "Top"}, {2, "X"}, {3, "Y"}, {4, "Z"}};
     QTest::mouseMove(&pane_, {20, 20});

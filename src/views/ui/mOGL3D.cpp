@@ -228,10 +228,11 @@ namespace {
 /// OpenGL delivers the bottom row first and the alpha of the clear colour.
 void TurnUprightAndOpaque(QImage& image) {
     constexpr QRgb kOpaque = 0xFF000000U;
+    const int width = image.width();
     for (int top = 0, bottom = image.height() - 1; top <= bottom; ++top, --bottom) {
         auto* a = reinterpret_cast<QRgb*>(image.scanLine(top));
         auto* b = reinterpret_cast<QRgb*>(image.scanLine(bottom));
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             const QRgb upper = b[x] | kOpaque;
             b[x] = a[x] | kOpaque;
             a[x] = upper;

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-
-#include "scene/mSelection.h"
+#include <limits>
 
 namespace korvane {
 namespace {
@@ -21,8 +20,8 @@ void SetPlane(PreviewFace& face, const Vec3& a, const Vec3& b, const Vec3& c) {
     const double nx = py * qz - pz * qy, ny = pz * qx - px * qz, nz = px * qy - py * qx;
     const double length = std::sqrt(nx * nx + ny * ny + nz * nz);
     if (!(length > 0)) return;
-    face.normal = {float(nx / length), float(ny / length), float(nz / length)};
-    face.distance = (nx * a.x + ny * a.y + nz * a.z) / length;
+    const Vec3& n = face.normal = {float(nx / length), float(ny / length), float(nz / length)};
+    face.distance = double(n.x) * a.x + double(n.y) * a.y + double(n.z) * a.z;
 }
 
 void Include(PreviewBrush& brush, const Vec3& p) {
@@ -66,11 +65,13 @@ class BrushBuilder {
             Include(built, points[i]);
             const Vec3& normal = face.smooth == 1 ? face.cornerNormals[i] : face.normal;
             added.corners[i] = Place({face.uv[i], normal, points[i]});
+            added.points[i] = static_cast<std::uint32_t>(indices[i]);
         }
         SetPlane(added, points[0], points[1], points[2]);
         added.texture = face.texture;
         added.selected = face.selected;
         added.invisible = face.invisible;
+        built.hasInvisible = built.hasInvisible || added.invisible;
         previous_ = added.corners;
         previousCount_ = 3;
         faces_.push_back(added);
@@ -143,108 +144,6 @@ std::vector<CornerRange> UpdatePreviewMesh(PreviewMesh& mesh, const Scene& scene
     if (fits) return changed;
     BuildAll(mesh, scene);
     return {{0, static_cast<std::uint32_t>(mesh.corners.size())}};
-}
-
-namespace {
-
-/// The view volume as six planes; a point is inside where all are positive.
-class Frustum {
-  public:
-    explicit Frustum(const std::array<double, 16>& m) {
-        for (int i = 0; i < 6; ++i) {
-            const int row = i / 2;
-            const double sign = i % 2 == 0 ? 1 : -1;
-            for (int column = 0; column < 4; ++column) {
-                planes_[i][column] = m[column * 4 + 3] + sign * m[column * 4 + row];
-            }
-        }
-    }
-
-    /// Whether the box lies wholly outside one plane, by more than rounding can explain.
-    bool Excludes(const Vec3& min, const Vec3& max) const {
-        return std::ranges::any_of(planes_, [&](const std::array<double, 4>& p) {
-            const double x = p[0] * (p[0] > 0 ? max.x : min.x);
-            const double y = p[1] * (p[1] > 0 ? max.y : min.y);
-            const double z = p[2] * (p[2] > 0 ? max.z : min.z);
-            const double size = std::abs(x) + std::abs(y) + std::abs(z) + std::abs(p[3]);
-            return x + y + z + p[3] < -1e-5 * size;
-        });
-    }
-
-  private:
-    std::array<std::array<double, 4>, 6> planes_{};
-};
-
-/// Whether the face turns its back to the eye so clearly that OpenGL's rounding cannot see it
-/// otherwise.
-bool IsTurnedAway(const PreviewFace& face, const Vec3& eye) {
-    const double along = double(face.normal.x) * eye.x + double(face.normal.y) * eye.y +
-                         double(face.normal.z) * eye.z;
-    const double margin = 1e-3 + 1e-6 * (std::abs(along) + std::abs(face.distance));
-    return along - face.distance < -margin;
-}
-
-/// Collects triangles and opens a new run at every change of state.
-class RunWriter {
-  public:
-    explicit RunWriter(PreviewRuns& out) : out_(out) {
-        out_.corners.clear();
-        out_.runs.clear();
-    }
-
-    void Add(const PreviewFace& face, ColorState color, std::uint32_t name) {
-        if (out_.runs.empty() || !Continues(out_.runs.back(), face, color, name)) {
-            out_.runs.push_back(
-                {face.texture, color, name, static_cast<std::uint32_t>(out_.corners.size()), 0});
-        }
-        out_.corners.insert(out_.corners.end(), face.corners.begin(), face.corners.end());
-        out_.runs.back().count += 3;
-    }
-
-  private:
-    static bool Continues(const PreviewRun& run, const PreviewFace& face, ColorState color,
-                          std::uint32_t name) {
-        return run.texture == face.texture && run.color == color && run.name == name;
-    }
-
-    PreviewRuns& out_;
-};
-
-ColorState ColorOf(bool brushSelected, bool faceSelected) {
-    if (!brushSelected) return ColorState::Plain;
-    return faceSelected ? ColorState::SelectedFace : ColorState::SelectedBrush;
-}
-
-/// How a pick names what it draws.
-enum class Naming { None, Brushes, FacesOfSelected };
-
-Naming NamingOf(const Scene& scene, const PreviewView& view) {
-    if (!view.PickRendering) return Naming::None;
-    const bool faces = scene.editMode == FaceEdit && CountSelectedBrushes(scene) > 0;
-    return faces ? Naming::FacesOfSelected : Naming::Brushes;
-}
-
-}  // namespace
-
-void GatherPreviewRuns(const Scene& scene, const PreviewMesh& mesh, const PreviewView& view,
-                       PreviewRuns& runs) {
-    RunWriter writer(runs);
-    const Frustum frustum(view.projection);
-    const Naming naming = NamingOf(scene, view);
-    const bool oneSelected = CountSelectedBrushes(scene) == 1;
-    for (std::uint32_t b = 0; b < mesh.brushes.size(); ++b) {
-        const PreviewBrush& brush = mesh.brushes[b];
-        if (frustum.Excludes(brush.min, brush.max)) continue;
-        const bool selected = scene.brushes[b].selected;
-        const bool namesFaces = naming == Naming::FacesOfSelected && oneSelected && selected;
-        for (std::uint32_t f = 0; f < brush.faceCount; ++f) {
-            const PreviewFace& face = mesh.faces[brush.firstFace + f];
-            if (face.invisible && !view.showInvisible) continue;
-            if (IsTurnedAway(face, view.eye)) continue;
-            const std::uint32_t name = namesFaces ? f : naming == Naming::Brushes ? b : kNoPickName;
-            writer.Add(face, ColorOf(selected, face.selected), name);
-        }
-    }
 }
 
 }  // namespace korvane

@@ -172,6 +172,8 @@ void DrawPreviewBrushes(RenderContext& context, PreviewRenderer& renderer,
     StoreCorners(gl, renderer, shown.scene);
     const PreviewView view{{shown.camera.x, shown.camera.y, shown.camera.z},
                            CurrentProjection(),
+                           context.width,
+                           context.height,
                            shown.settings.showInvisible,
                            renderer.PickRendering};
     GatherPreviewRuns(shown.scene, renderer.mesh, view, renderer.runs);

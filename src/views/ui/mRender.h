@@ -4,7 +4,7 @@
 
 #include "editor/Editor.h"
 #include "views/ui/mOGL3D.h"
-#include "views/ui/mPreviewMesh.h"
+#include "views/ui/mPreviewRuns.h"
 
 namespace korvane {
 
@@ -43,7 +43,7 @@ void ApplyCamera(const Camera& camera);
 /// Draws the ground grid, which follows the camera in whole units. Leaves texturing disabled.
 void DrawPreviewGrid(const Camera& camera, Color color);
 
-/// Draws all brush faces in brush and face order under the current matrices.
+/// Draws the brush faces under the current matrices, as if in brush and face order.
 void DrawPreviewBrushes(RenderContext& context, PreviewRenderer& renderer,
                         const PreviewScene& shown);
 

@@ -4,8 +4,11 @@
 #include <QPainter>
 #include <cmath>
 
+#include "base/Rounding.h"
 #include "editor/mMouseLook.h"
+#include "editor/mPreviewClick.h"
 #include "views/ui/MouseEvents.h"
+#include "views/ui/mPick.h"
 
 namespace korvane {
 
@@ -37,15 +40,20 @@ void ucPreview::ResizeViewport() {
     MarkDirty();
 }
 
-void ucPreview::RenderNow() {
+PreviewScene ucPreview::Shown() const {
+    return {editor_.scene, editor_.settings, editor_.camera, textures_};
+}
+
+/// A window moved to a screen of another density is not resized in its own pixels.
+void ucPreview::FitViewport() {
     const QSize size = DeviceSize();
-    // A window moved to a screen of another density is not resized in its own pixels.
-    if (QSize(context_.width, context_.height) != size) {
-        ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar,
-                              kPreviewFieldOfView);
-    }
-    RenderPreview(context_, renderer_,
-                  {editor_.scene, editor_.settings, editor_.camera, textures_});
+    if (QSize(context_.width, context_.height) == size) return;
+    ResizePreviewViewport(context_, size.width(), size.height(), kPreviewFar, kPreviewFieldOfView);
+}
+
+void ucPreview::RenderNow() {
+    FitViewport();
+    RenderPreview(context_, renderer_, Shown());
     dirty_ = false;
 }
 
@@ -83,6 +91,10 @@ void ucPreview::EndLook() {
 }
 
 void ucPreview::mousePressEvent(QMouseEvent* event) {
+    constexpr auto kModifiers = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+    const bool ctrlOnly = (event->modifiers() & kModifiers) == Qt::ControlModifier;
+    const bool picks = event->button() == Qt::LeftButton && ctrlOnly;
+    if (picks && editor_.mouseLook.state == LookOff) PickAt(event->position());
     PressPreview(editor_, ToMouseInput(*event, event->button()));
     pointer_.Follow();
 }
@@ -99,6 +111,16 @@ void ucPreview::mouseMoveEvent(QMouseEvent* event) {
 
 void ucPreview::mouseReleaseEvent(QMouseEvent* event) {
     ReleasePreview(editor_, ToMouseInput(*event, event->button()));
+}
+
+/// The position counts in the widget's own pixels.
+void ucPreview::PickAt(const QPointF& position) {
+    FitViewport();
+    const QPointF pixel = position * devicePixelRatioF();
+    ClickPreview(editor_, [&] {
+        return PickPreview(context_, renderer_, Shown(), RoundToInt(pixel.x()),
+                           RoundToInt(pixel.y()));
+    });
 }
 
 }  // namespace korvane

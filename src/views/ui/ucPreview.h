@@ -41,6 +41,9 @@ class ucPreview : public QWidget {
 
   private:
     QSize DeviceSize() const;
+    PreviewScene Shown() const;
+    void FitViewport();
+    void PickAt(const QPointF& position);
     void RenderNow();
 
     Editor& editor_;
