@@ -80,12 +80,18 @@ struct Editor {
     Multiply multiply;
     int markerForms = 0;  ///< open dialogs that turn about the marker
 
-    std::string programFolder;      ///< UTF-8; holds ObjTextures, ObjCache, Help, ends in no slash
+    std::string programFolder;      ///< UTF-8, ends in no slash; holds Help
+    std::string dataFolder;         ///< where that can't be written: see DataFolder
     std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene
     bool SceneModified = false;     ///< changes not yet saved
     /// The file at CurrentObjectPath was chosen but could not be understood: Save must not
     /// overwrite it without asking.
     bool currentFileForeign = false;
+
+    /// Where ObjTextures, ObjCache, settings and log lie (UTF-8, no slash at its end).
+    const std::string& DataFolder() const {
+        return dataFolder.empty() ? programFolder : dataFolder;
+    }
 
     TextureSpace Space() const { return {textures, settings.TextureScale}; }
 };

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "files/Settings.h"
+
 namespace korvane {
 
 /// Screens to be redrawn, as a set of bits.
@@ -39,7 +41,7 @@ constexpr unsigned RedrawSelection(int view) {
 }
 
 /// Windows that a command opens.
-enum class Form { ArbitrarySize, Select, FreeRotate, Multiply };
+enum class Form { ArbitrarySize, Select, FreeRotate, Multiply, Preferences };
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.
 class EditorHost {
@@ -58,6 +60,12 @@ class EditorHost {
 
     /// Places the panes anew for the current view layout and split, then redraws all.
     virtual void LayoutPanes() = 0;
+
+    /// Repaints everything that has colours of the scheme.
+    virtual void ApplyColorScheme() = 0;
+
+    /// Where the main window stands now.
+    virtual WindowPlace PlaceOfWindow() const = 0;
 
     /// Shows the text in status bar panel 0..4.
     virtual void ShowStatus(int panel, const std::string& text) = 0;

@@ -5,6 +5,7 @@
 
 #include "editor/mEditCommands.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mRecentFiles.h"
 #include "editor/mViews.h"
 #include "scene/mSelection.h"
 
@@ -189,7 +190,7 @@ const Command kCommands[] = {
     {"mnuExport3DS", "mnuExport", "3DStudio Format (*.3DS)...", NotYet, CheckKind::None, nullptr, nullptr,
      {ToolBar, 5, "Export Object...", "Export Object: Save the current object in different formats", kSeparator}},
     {"mnuExportSourceCode", "mnuExport", "Source Code (*.TXT)...", NotYet, CheckKind::None, nullptr, nullptr, {}},
-    {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", NotYet, CheckKind::None, nullptr, nullptr, {}},
+    {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", Always, CheckKind::None, nullptr, ClearRecentFiles, {}, kSeparator},
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},
 
     {"mnuUndo", "mnuEdit", "Undo", UndoAvailable, CheckKind::None, nullptr, UndoLastChange,
@@ -204,7 +205,7 @@ const Command kCommands[] = {
      {EditBar, 8, "UnSelect All Brushes", "UnSelect: UnSelect brushes, faces, edges and vertices"}},
     {"mnuDelete", "mnuEdit", "Delete", Selection, CheckKind::None, nullptr, DeleteBrushes,
      {EditBar, 9, "Delete Selected Brushes", "Delete: Delete selected brushes", kSeparator}},
-    {"mnuPreferences", "mnuEdit", "Preferences...", NotYet, CheckKind::None, nullptr, nullptr, {}, kSeparator},
+    {"mnuPreferences", "mnuEdit", "Preferences...", Always, CheckKind::None, nullptr, Open<Form::Preferences>, {}, kSeparator},
 
     {"mnuRulers", "mnuView", "Rulers", Always, Toggle, RulersShown, ToggleRulers,
      {ToolBar, 11, "Show Rulers", "Show Rulers: Toggle on/off showing rulers in the views"}},
