@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "platform/KeyCodes.h"
+#include "platform/VirtualKeys.h"
 #include "widgets/ucRowList.h"
 
 namespace korvane {

@@ -26,7 +26,8 @@ bool CanWriteIn(const std::string& folder) {
 void CopyFolder(const fs::path& from, const fs::path& to) {
     const fs::path unfinished = to.native() + "-" + std::to_string(std::random_device()());
     std::error_code failed;
-    fs::copy(from, unfinished, failed);
+    fs::create_directory(unfinished, failed);  // fs::copy would copy a write protection too
+    if (!failed) fs::copy(from, unfinished, failed);
     if (!failed) fs::rename(unfinished, to, failed);
     std::error_code ignored;
     if (failed) fs::remove_all(unfinished, ignored);

@@ -103,16 +103,6 @@ TEST_F(PreferencesTest, DefaultsSpareTheRecentFiles) {
     EXPECT_EQ(host.redraws, RedrawAll);
 }
 
-TEST_F(PreferencesTest, ColorsAreChosenOrLeft) {
-    Preferences pages = Pages();
-    prompts.colors = {0x123456, std::nullopt};
-    ChooseColor(editor, pages, 21);
-    ChooseColor(editor, pages, 21);
-    EXPECT_EQ(prompts.askedColors, (std::vector<Color>{MakeColor(128, 0, 255), 0x123456}));
-    EXPECT_EQ(pages.colors[ColorItem::RotationMarker], 0x123456U);
-    EXPECT_EQ(editor.settings.colors[ColorItem::RotationMarker], MakeColor(128, 0, 255));
-}
-
 TEST_F(PreferencesTest, FilesAreStoredAndBroughtBack) {
     Preferences pages = Pages();
     pages.colors[ColorItem::View2DBackground] = 7;
@@ -143,17 +133,12 @@ TEST_F(PreferencesTest, FilesAreStoredAndBroughtBack) {
                                                 "Error: Invalid Korvane Keyboard Map File!"}));
     EXPECT_EQ(read.colors[ColorItem::View2DBackground], 7U);
 
-    const FileDialog& open = prompts.openDialogs[0];
-    EXPECT_EQ(open.title, "Open Color Scheme...");
-    EXPECT_EQ(open.filterName, "Korvane Color Schemes (*.kvcs)");
-    EXPECT_EQ(open.filterPattern, "*.kvcs");
-    EXPECT_EQ(open.initialFolder, folder.Path());
     const FileDialog& save = prompts.saveDialogs[1];
     EXPECT_EQ(save.title, "Save Keyboard Map...");
     EXPECT_EQ(save.filterName, "Korvane Keyboard Maps (*.kvkm)");
+    EXPECT_EQ(save.filterPattern, "*.kvkm");
     EXPECT_EQ(save.defaultExtension, "kvkm");
-    EXPECT_EQ(prompts.openDialogs[1].title, "Open Keyboard Map...");
-    EXPECT_EQ(prompts.saveDialogs[0].title, "Save Color Scheme...");
+    EXPECT_EQ(save.initialFolder, folder.Path());
 }
 
 TEST_F(PreferencesTest, CapturedKeyIsTakenFromOthersOnlyWithYes) {

@@ -25,24 +25,8 @@ class SettingsTest : public SessionTest {
     std::string File() const { return folder.Path("Korvane.kvdat"); }
 };
 
-TEST_F(SettingsTest, ComeBackWithThePlaceOfTheWindow) {
-    EXPECT_FALSE(LoadSettings(editor)) << "there is no file yet";
-    for (const char* path : {"/x/c", "/x/b", "/x/a"}) AddRecentFile(editor, path);
-    editor.settings.snapSize = 0.5F;
-    host.place = {0, 15, 30, 9600, 7200};
-    EXPECT_TRUE(SaveSettings(editor));
-    const Bytes saved = FileBytes(File());
-
-    editor.settings = Settings{};
-    host.commandStateRefreshes = 0;
-    EXPECT_TRUE(LoadSettings(editor));
-    EXPECT_GT(host.commandStateRefreshes, 0) << "the menu shows the list";
-    EXPECT_EQ(Recent(), (Paths{"/x/a", "/x/b", "/x/c"}));
-    EXPECT_EQ(editor.settings.window.width, 9600);
-    EXPECT_EQ(EncodeSettings(editor.settings), saved);
-}
-
 TEST_F(SettingsTest, DamagedFileAppliesInPartAndIsKeptAtTheNextSave) {
+    EXPECT_FALSE(LoadSettings(editor)) << "there is no file yet";
     editor.settings.snapSize = 0.5F;
     editor.settings.keyMap[KeyFunction::MoveFaster] = 65;
     SaveSettings(editor);
@@ -60,13 +44,6 @@ TEST_F(SettingsTest, DamagedFileAppliesInPartAndIsKeptAtTheNextSave) {
         EXPECT_EQ(FileBytes(File() + ".bad"), damaged);
         EXPECT_EQ(FileBytes(File()), EncodeSettings(editor.settings));
     }
-}
-
-TEST_F(SettingsTest, DamagedFileStaysWhereItCannotBeKept) {
-    WriteFileBytes(File(), {1, 2, 3});
-    fs::create_directory(File() + ".bad");
-    EXPECT_FALSE(SaveSettings(editor));
-    EXPECT_EQ(FileBytes(File()), (Bytes{1, 2, 3}));
 }
 
 TEST_F(SettingsTest, WindowsThatCloseAtOnceLeaveOneWholeFile) {
@@ -183,25 +160,6 @@ TEST_F(SettingsTest, UserFolderStartsWithTheShippedTextures) {
     SaveSettings(editor);
     EXPECT_FALSE(fs::is_empty(folder.Path("user/ObjCache")));
     EXPECT_TRUE(fs::exists(folder.Path("user/Korvane.kvdat")));
-}
-
-TEST(WindowPlaceTest, StartFollowsTheSettings) {
-    struct Row {
-        bool remember;
-        std::int16_t state;
-        const char* word;
-    };
-    for (const Row& row : {Row{true, 2, "MAXIMIZED"},
-                           {true, 1, "MINIMIZED -> OVERRIDE_TO: DEFAULT"},
-                           {true, 0, "NORMAL"},
-                           {true, -1, "DEFAULT"},
-                           {false, 0, "DEFAULT"},
-                           {false, 2, "DEFAULT"}}) {
-        Settings settings;
-        settings.rememberWindow = row.remember;
-        settings.window.state = row.state;
-        EXPECT_STREQ(LogWord(StartOfWindow(settings)), row.word);
-    }
 }
 
 TEST(WindowPlaceTest, RectangleIsMadeToFitTheScreens) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "files/LittleEndian.h"
 #include "files/mPreferenceFiles.h"
 #include "files/mSettingsFile.h"
 #include "support/TempFolder.h"
@@ -23,9 +24,7 @@ Settings GoldenSettings() {
     settings.TextureScale = 8.5F;
     settings.pickerSize = 0.25F;
     settings.snapSize = 0.5F;
-    settings.snapToGrid = false;
-    settings.showInvisible = false;
-    settings.show3DGrid = false;
+    settings.snapToGrid = settings.showInvisible = settings.show3DGrid = false;
     settings.ViewLayout = FrontOnly;
     settings.window = {2, 150, 300, 12000, 9000};
     settings.recentFiles = {"/home/t\u00FCr/Haus \u20AC.kvobject", "C:\\objects\\old.kvobject"};
@@ -39,24 +38,26 @@ Settings GoldenSettings() {
     return settings;
 }
 
-/// The bytes behind the tag; the tag's place is asked for once and stays as long as nothing before
-/// it changes its length.
 std::size_t Behind(const Bytes& bytes, const std::string& tag) {
     const auto at = std::search(bytes.begin(), bytes.end(), tag.begin(), tag.end());
     EXPECT_NE(at, bytes.end()) << tag;
     return static_cast<std::size_t>(at - bytes.begin()) + tag.size();
 }
 
-void PutLong(Bytes& bytes, std::size_t at, std::int32_t value) {
-    FileWriter field;
-    field.WriteLong(value);
-    std::ranges::copy(field.Bytes(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
-}
-
-void PutSingle(Bytes& bytes, std::size_t at, float value) {
-    FileWriter field;
-    field.WriteSingle(value);
-    std::ranges::copy(field.Bytes(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+/// The golden settings with a Long or Single `offset` bytes behind a tag replaced, read over the
+/// defaults; no damage.
+template <class Value>
+Settings With(const char* tag, std::size_t offset, Value value) {
+    Bytes bytes = Golden("settings.kvdat");
+    std::uint8_t* at = bytes.data() + Behind(bytes, tag) + offset;
+    if constexpr (std::is_same_v<Value, float>) {
+        StoreSingle(at, value);
+    } else {
+        StoreLong(at, value);
+    }
+    Settings read;
+    EXPECT_TRUE(DecodeSettings(bytes, read)) << tag << " " << value;
+    return read;
 }
 
 TEST(SettingsFileTest, IsWrittenAndReadToTheByte) {
@@ -68,7 +69,7 @@ TEST(SettingsFileTest, IsWrittenAndReadToTheByte) {
     EXPECT_EQ(read.recentFiles, GoldenSettings().recentFiles);
 }
 
-TEST(SettingsFileTest, EveryShortFileAppliesWhatItHolds) {
+TEST(SettingsFileTest, DamagedFileAppliesWhatStandsBeforeTheDamage) {
     const Bytes golden = Golden("settings.kvdat");
     const std::size_t keysEnd = Behind(golden, "KEYS") + 4 * kKeyFunctions;
     const std::size_t gridEnd = Behind(golden, "1100") + 5;
@@ -82,101 +83,52 @@ TEST(SettingsFileTest, EveryShortFileAppliesWhatItHolds) {
         EXPECT_EQ(read.show3DGrid, length < gridEnd - 4) << length;
         EXPECT_TRUE(read.warnings[WarnExport3DS]) << length;
     }
-}
-
-TEST(SettingsFileTest, WrongTagStopsTheReading) {
-    for (const char* tag : {"STAT", "WPOS", "RCNT", "WARN", "CLRS", "KEYS"}) {
-        Bytes bytes = Golden("settings.kvdat");
+    for (const char* tag : {"WPOS", "RCNT", "WARN", "CLRS", "KEYS"}) {
+        Bytes bytes = golden;
         bytes[Behind(bytes, tag) - 1] ^= 1;
         Settings read;
         EXPECT_FALSE(DecodeSettings(bytes, read)) << tag;
-        EXPECT_EQ(read.snapSize, tag == std::string("STAT") ? 0.1F : 0.5F) << tag;
+        EXPECT_EQ(read.snapSize, 0.5F) << tag;
         EXPECT_EQ(read.keyMap.codes[22], KeyMap().codes[22]) << tag;
     }
-}
-
-TEST(SettingsFileTest, YoungerChunksAreOptionalEachForItself) {
-    Bytes bytes = Golden("settings.kvdat");
-    const auto grid = bytes.begin() + static_cast<std::ptrdiff_t>(Behind(bytes, "1100")) - 4;
-    bytes.erase(grid, grid + 9);
+    Bytes without1100 = golden;
+    without1100.erase(without1100.begin() + static_cast<std::ptrdiff_t>(gridEnd) - 9,
+                      without1100.begin() + static_cast<std::ptrdiff_t>(gridEnd));
     Settings read;
-    EXPECT_TRUE(DecodeSettings(bytes, read));
-    EXPECT_TRUE(read.show3DGrid);
+    EXPECT_TRUE(DecodeSettings(without1100, read)) << "each younger chunk is optional";
     EXPECT_FALSE(read.warnings[WarnExport3DS]);
 }
 
-TEST(SettingsFileTest, FlagsAreTrueForAnyByteButZero) {
+TEST(SettingsFileTest, WindowFlagIsAnyByteButZeroAndRestored) {
     Bytes bytes = Golden("settings.kvdat");
-    const std::size_t remember = Behind(bytes, "WPOS");
-    bytes[remember] = 1;
-    Settings read;
-    EXPECT_TRUE(DecodeSettings(bytes, read));
-    EXPECT_TRUE(read.rememberWindow);
-    EXPECT_EQ(read.window.state, 2);
-
-    bytes[remember] = 0;
-    Settings without;
-    EXPECT_TRUE(DecodeSettings(bytes, without));
-    EXPECT_FALSE(without.rememberWindow);
-    EXPECT_EQ(without.window.state, -1) << "the place is not restored";
-    EXPECT_EQ(without.recentFiles.size(), 2U) << "but its bytes are there";
+    for (const int flag : {1, 0}) {
+        bytes[Behind(bytes, "WPOS")] = static_cast<std::uint8_t>(flag);
+        Settings read;
+        EXPECT_TRUE(DecodeSettings(bytes, read));
+        EXPECT_EQ(read.rememberWindow, flag == 1);
+        EXPECT_EQ(read.window.state, flag == 1 ? 2 : -1) << "the place is restored or not";
+        EXPECT_EQ(read.recentFiles.size(), 2U) << "its bytes are there in any case";
+    }
 }
 
 /// Values that no setting takes leave it as it was and are no damage.
 TEST(SettingsFileTest, HostileValuesAreHarmless) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
-    const Bytes golden = Golden("settings.kvdat");
-    const std::size_t stat = Behind(golden, "STAT"), place = Behind(golden, "WPOS") + 1;
     for (const float size : {nan, infinity, -infinity, -1.0F, 0.0F, 0.0099F, 200.5F, 1e30F}) {
-        Bytes bytes = golden;
-        for (std::size_t field = 0; field < 3; ++field) PutSingle(bytes, stat + 4 * field, size);
-        Settings read;
-        EXPECT_TRUE(DecodeSettings(bytes, read)) << size;
-        EXPECT_EQ(read.TextureScale, 4.0F) << size;
-        EXPECT_EQ(read.pickerSize, 0.05F) << size;
-        EXPECT_EQ(read.snapSize, 0.1F) << size;
+        EXPECT_EQ(With("STAT", 0, size).TextureScale, 4.0F) << size;
+        EXPECT_EQ(With("STAT", 4, size).pickerSize, 0.05F) << size;
+        EXPECT_EQ(With("STAT", 8, size).snapSize, 0.1F) << size;
     }
     for (const std::int32_t number : {-1, 5, 65536, 65538, std::numeric_limits<int>::min()}) {
-        Bytes bytes = golden;
-        PutLong(bytes, stat + 16, number);
-        PutLong(bytes, place, number);
-        Settings read;
-        EXPECT_TRUE(DecodeSettings(bytes, read)) << number;
-        EXPECT_EQ(read.ViewLayout, FourWay) << number;
-        EXPECT_EQ(read.window.state, -1) << number;
+        EXPECT_EQ(With("STAT", 16, number).ViewLayout, FourWay) << number;
+        EXPECT_EQ(With("WPOS", 1, number).window.state, -1) << number;
     }
-    for (std::size_t field = 1; field <= 4; ++field) {
-        Bytes bytes = golden;
-        PutSingle(bytes, place + 4 * field, nan);
-        Settings read;
-        EXPECT_TRUE(DecodeSettings(bytes, read));
-        EXPECT_EQ(read.window.state, -1) << field;
-    }
-    Bytes bytes = golden;
-    PutLong(bytes, Behind(golden, "CLRS"), -1);
-    PutLong(bytes, Behind(golden, "KEYS"), 256);
-    PutLong(bytes, Behind(golden, "KEYS") + 8, -5);
-    Settings read;
-    EXPECT_TRUE(DecodeSettings(bytes, read));
-    EXPECT_EQ(read.colors[ColorItem::View2DBrushLines], 0xFFFFFFU);
-    EXPECT_EQ(read.keyMap[KeyFunction::ModifyDelete], 0);
-    EXPECT_EQ(read.keyMap[KeyFunction::ModeBrush], 0);
-}
-
-/// A settings file with these recent paths, under a count of its own.
-Bytes WithRecent(const std::vector<std::string>& paths, std::int32_t count) {
-    const Bytes golden = Golden("settings.kvdat");
-    FileWriter recent;
-    recent.WriteLong(count);
-    for (const std::string& path : paths) recent.WriteCountedString(path);
-    Bytes bytes(golden.begin(),
-                golden.begin() + static_cast<std::ptrdiff_t>(Behind(golden, "RCNT")));
-    bytes.insert(bytes.end(), recent.Bytes().begin(), recent.Bytes().end());
-    bytes.insert(bytes.end(),
-                 golden.begin() + static_cast<std::ptrdiff_t>(Behind(golden, "WARN")) - 4,
-                 golden.end());
-    return bytes;
+    for (const std::size_t field : {5, 9, 13, 17})
+        EXPECT_EQ(With("WPOS", field, nan).window.state, -1) << field;
+    EXPECT_EQ(With("CLRS", 0, -1).colors[ColorItem::View2DBrushLines], 0xFFFFFFU);
+    for (const std::int32_t code : {256, -5})
+        EXPECT_EQ(With("KEYS", 8, code).keyMap[KeyFunction::ModeBrush], 0) << code;
 }
 
 TEST(SettingsFileTest, RecentFilesOfAnyNumber) {
@@ -195,31 +147,35 @@ TEST(SettingsFileTest, RecentFilesOfAnyNumber) {
         {{"/a"}, 2'000'000'000, false, {"/kept"}},
         {{"/a"}, 3, false, {"/a"}},  // reads on into the next chunk
     };
+    const Bytes golden = Golden("settings.kvdat");
     for (const Row& row : rows) {
+        FileWriter recent;
+        recent.WriteLong(row.count);
+        for (const std::string& path : row.stored) recent.WriteCountedString(path);
+        Bytes bytes = recent.Bytes();
+        bytes.insert(bytes.begin(), golden.data(), golden.data() + Behind(golden, "RCNT"));
+        bytes.insert(bytes.end(), golden.data() + Behind(golden, "WARN") - 4,
+                     golden.data() + golden.size());
         Settings read;
         read.recentFiles = {"/kept"};
-        EXPECT_EQ(DecodeSettings(WithRecent(row.stored, row.count), read), row.whole) << row.count;
+        EXPECT_EQ(DecodeSettings(bytes, read), row.whole) << row.count;
         EXPECT_EQ(read.recentFiles, row.read) << row.count;
     }
-    Settings settings;
+    Settings settings, read;
     settings.recentFiles = {"/Za\u017C\u00F3\u0142\u0107", "/b"};
-    Settings read;
     EXPECT_TRUE(DecodeSettings(EncodeSettings(settings), read));
     EXPECT_EQ(read.recentFiles, Paths{"/b"}) << "the other has no name in the file's code page";
 }
 
-TEST(PreferenceFilesTest, AreWrittenAndReadToTheByte) {
+TEST(PreferenceFilesTest, AreReadAndWrittenToTheByteAndByWholeEntries) {
     const Settings expected = GoldenSettings();
-    EXPECT_EQ(EncodeColorScheme(expected.colors), Golden("scheme.kvcs"));
-    EXPECT_EQ(EncodeKeyMap(expected.keyMap), Golden("keys.kvkm"));
-    EXPECT_EQ(Golden("scheme.kvcs").size(), 92U);
-    EXPECT_EQ(Golden("keys.kvkm").size(), 168U);
-    EXPECT_EQ(DecodeColorScheme(Golden("scheme.kvcs"), {}).value().colors, expected.colors.colors);
-    EXPECT_EQ(DecodeKeyMap(Golden("keys.kvkm"), {}).value().codes, expected.keyMap.codes);
-}
-
-TEST(PreferenceFilesTest, AcceptOnlyTheirKindAndWholeEntries) {
     const Bytes schemeFile = Golden("scheme.kvcs"), keysFile = Golden("keys.kvkm");
+    EXPECT_EQ(EncodeColorScheme(expected.colors), schemeFile);
+    EXPECT_EQ(EncodeKeyMap(expected.keyMap), keysFile);
+    EXPECT_EQ(schemeFile.size(), 92U);
+    EXPECT_EQ(keysFile.size(), 168U);
+    EXPECT_EQ(DecodeColorScheme(schemeFile, {}).value().colors, expected.colors.colors);
+    EXPECT_EQ(DecodeKeyMap(keysFile, {}).value().codes, expected.keyMap.codes);
     for (std::size_t length = 0; length <= 4 + 4 * 6; ++length) {
         const bool whole = length >= 4 && length % 4 == 0;
         const auto scheme = DecodeColorScheme(std::span(schemeFile).first(length), {});
@@ -227,16 +183,14 @@ TEST(PreferenceFilesTest, AcceptOnlyTheirKindAndWholeEntries) {
         ASSERT_EQ(scheme.has_value(), whole) << length;
         ASSERT_EQ(keys.has_value(), whole) << length;
         if (!whole) continue;
-        const std::size_t entries = length / 4 - 1;
-        EXPECT_EQ(scheme->colors[5] == ColorScheme().colors[5], entries < 6) << length;
-        EXPECT_EQ(keys->codes[5] == KeyMap().codes[5], entries < 6) << length;
+        EXPECT_EQ(scheme->colors[5] == ColorScheme().colors[5], length < 28) << length;
+        EXPECT_EQ(keys->codes[5] == KeyMap().codes[5], length < 28) << length;
     }
-    EXPECT_FALSE(DecodeColorScheme(Golden("keys.kvkm"), {}));
-    EXPECT_FALSE(DecodeKeyMap(Golden("scheme.kvcs"), {}));
-    Bytes longer = Golden("scheme.kvcs");
+    EXPECT_FALSE(DecodeColorScheme(keysFile, {}));
+    EXPECT_FALSE(DecodeKeyMap(schemeFile, {}));
+    Bytes longer = schemeFile;
     longer.resize(longer.size() + 7);
-    longer[0] = 'k';
-    EXPECT_TRUE(DecodeColorScheme(longer, {})) << "tags in any case, more bytes ignored";
+    EXPECT_TRUE(DecodeColorScheme(longer, {})) << "more bytes are ignored";
 }
 
 }  // namespace
