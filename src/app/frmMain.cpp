@@ -10,6 +10,7 @@
 #include "app/frmExportSourceCode.h"
 #include "app/frmFreeRotate.h"
 #include "app/frmMultiply.h"
+#include "app/frmPreferences.h"
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/frmStats.h"
@@ -17,6 +18,7 @@
 #include "app/mKeyInput.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
+#include "editor/mSettings.h"
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
 #include "textures/ui/ucTextureList.h"
@@ -37,9 +39,11 @@ constexpr QSize kLeastSize(640, 480);
 
 }  // namespace
 
-frmMain::frmMain(Prompts& prompts, const std::string& programFolder) : editor_(*this, prompts) {
+frmMain::frmMain(Prompts& prompts, const std::string& programFolder, const std::string& dataFolder)
+    : editor_(*this, prompts) {
     InitIcons();
     editor_.programFolder = programFolder;
+    editor_.dataFolder = dataFolder;
     setObjectName("frmMain");
     actions_ = new CommandActions(editor_, this);
     actions_->FillMenuBar(menuBar());
@@ -77,7 +81,7 @@ void frmMain::BuildBars() {
 }
 
 bool frmMain::StartUp(ContextMaker makeContext) {
-    frmStartUp log(editor_.programFolder + "/Korvane.log", this);
+    frmStartUp log(editor_.DataFolder() + "/Korvane.log", this);
     log.show();
     if (!RunStartUp(*this, log, makeContext)) return false;
     log.close();
@@ -104,6 +108,22 @@ void frmMain::LayoutPanes() {
     workspace_->LayoutPanes();
 }
 
+void frmMain::ApplyColorScheme() {
+    RedrawAllViews(editor_);
+    workspace_->TextureList().RefreshList();
+}
+
+/// The inside of the window, without its frame, which is not known yet when it is placed again. Of
+/// a maximised or minimised window it is the place that it goes back to.
+WindowPlace frmMain::PlaceOfWindow() const {
+    const bool normal = !isMinimized() && !isMaximized();
+    const QRect place = normal ? geometry() : normalGeometry();
+    const auto twips = [](int pixels) { return static_cast<float>(pixels * kTwipsPerPixel); };
+    const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    return {static_cast<std::int16_t>(state), twips(place.x()), twips(place.y()),
+            twips(place.width()), twips(place.height())};
+}
+
 void frmMain::ShowStatus(int panel, const std::string& text) {
     statusBar_->SetText(panel, QString::fromStdString(text));
 }
@@ -112,6 +132,9 @@ void frmMain::OpenForm(Form form) {
     switch (form) {
         case Form::ArbitrarySize:
             frmArbitrarySize(editor_, this).exec();
+            break;
+        case Form::Preferences:
+            frmPreferences(editor_, this).exec();
             break;
         case Form::Select:
             frmSelect(editor_, this).exec();
@@ -178,6 +201,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     keyInput_->LoseKeys();
     CloseForms();
     CloseRenderContext(editor_, context_);
+    SaveSettings(editor_);
     ClearUndoCache(editor_);
     event->accept();
 }

@@ -24,8 +24,9 @@ class frmMain final : public QMainWindow, public EditorHost {
 
   public:
     /// A window with an empty session. It asks its user through `prompts`, which must outlive it,
-    /// and looks for textures, help and log in `programFolder` (UTF-8).
-    frmMain(Prompts& prompts, const std::string& programFolder);
+    /// looks for the help in `programFolder`, and keeps textures, settings and log in `dataFolder`
+    /// (both UTF-8; empty: the program's folder).
+    frmMain(Prompts& prompts, const std::string& programFolder, const std::string& dataFolder = {});
     ~frmMain() override;
 
     /// Runs the start-up sequence behind its log window; to be called once, before the window is
@@ -41,6 +42,8 @@ class frmMain final : public QMainWindow, public EditorHost {
     void ShowCommandStates() override;
     void RefreshPropertyPanel() override;
     void LayoutPanes() override;
+    void ApplyColorScheme() override;
+    WindowPlace PlaceOfWindow() const override;
     void ShowStatus(int panel, const std::string& text) override;
     void OpenForm(Form form) override;
     void CloseForms() override;

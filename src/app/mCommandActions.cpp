@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/PathText.h"
+#include "editor/mFileOpenSave.h"
 #include "widgets/ucToolBar.h"
 
 namespace korvane {
@@ -43,6 +45,34 @@ void GroupRadios(QMenu* menu) {
 
 CommandActions::CommandActions(Editor& editor, QObject* parent) : QObject(parent), editor_(editor) {
     for (const Command& command : Commands()) actions_[command.name] = MakeAction(command);
+    for (int i = 0; i < kRecentItems; ++i) recent_[i] = MakeRecentItem(i);
+}
+
+QAction* CommandActions::MakeRecentItem(int index) {
+    auto* item = new QAction(this);
+    item->setObjectName(QString("mnuRecentFile_%1").arg(index));
+    item->setMenuRole(QAction::NoRole);
+    connect(item, &QAction::triggered, this, [this, index] {
+        OpenRecentFile(editor_, static_cast<std::size_t>(index));
+        Refresh();
+    });
+    return item;
+}
+
+void CommandActions::ShowRecentItems() {
+    const std::vector<std::string>& paths = editor_.settings.recentFiles;
+    for (std::size_t i = 0; i < recent_.size(); ++i) {
+        const std::string path = i < paths.size() ? paths[i] : std::string();
+        recent_[i]->setVisible(!path.empty());
+        recent_[i]->setText(QString::fromStdString(FileName(path)).replace("&", "&&"));
+        recent_[i]->setToolTip(QString::fromStdString(path));
+    }
+}
+
+void CommandActions::AddRecentItems(QMenu* menu) {
+    menu->setToolTipsVisible(true);
+    QAction* before = GroupStart(menu, Of("mnuClearRecentFiles"));
+    for (QAction* item : recent_) menu->insertAction(before, item);
 }
 
 QAction* CommandActions::MakeAction(const Command& command) {
@@ -68,6 +98,7 @@ void CommandActions::Refresh() {
         action->setEnabled(IsEnabled(command, editor_));
         if (command.checked != nullptr) action->setChecked(command.checked(editor_));
     }
+    ShowRecentItems();
 }
 
 void CommandActions::FillMenuBar(QMenuBar* menuBar) {
@@ -81,6 +112,7 @@ void CommandActions::FillMenuBar(QMenuBar* menuBar) {
         if (command.separatorBefore) menu->addSeparator();
         menu->addAction(Of(command.name));
     }
+    AddRecentItems(menus.at("mnuRecent"));
     for (const Menu& row : Menus()) {
         if (row.parent == nullptr) {
             menuBar->addMenu(menus[row.name]);

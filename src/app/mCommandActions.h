@@ -4,11 +4,14 @@
 
 #include <QAction>
 #include <QObject>
+#include <array>
 #include <map>
 #include <string_view>
 
 #include "editor/mCommands.h"
+#include "editor/mRecentFiles.h"
 
+class QMenu;
 class QMenuBar;
 
 namespace korvane {
@@ -36,9 +39,13 @@ class CommandActions final : public QObject {
 
   private:
     QAction* MakeAction(const Command& command);
+    QAction* MakeRecentItem(int index);
+    void ShowRecentItems();
+    void AddRecentItems(QMenu* menu);
 
     Editor& editor_;
     std::map<std::string_view, QAction*> actions_;
+    std::array<QAction*, kRecentItems> recent_;
 };
 
 }  // namespace korvane

@@ -4,14 +4,20 @@
 #include <QGuiApplication>
 #include <QLocale>
 #include <QScreen>
+#include <QStyle>
 #include <QTime>
-#include <filesystem>
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "app/frmMain.h"
 #include "app/ucWorkspace.h"
+#include "base/Rounding.h"
 #include "base/Version.h"
+#include "editor/mFolders.h"
+#include "editor/mSettings.h"
 #include "editor/mViews.h"
+#include "editor/mWindowPlace.h"
 #include "textures/ui/mOGLTextures.h"
 #include "textures/ui/ucTextureList.h"
 
@@ -43,17 +49,12 @@ std::string TimeLine() {
 std::string InitDefaults(Run& run) {
     Editor& editor = run.window.Session();
     editor.settings = Settings{};
-    const std::u8string folder(editor.programFolder.begin(), editor.programFolder.end());
-    for (const char8_t* name : {u8"ObjCache", u8"ObjTextures"}) {
-        std::error_code ignored;  // a read-only program folder is no reason to give up
-        std::filesystem::create_directory(std::filesystem::path(folder) / name, ignored);
-    }
+    MakeFolders(editor);
     return "Okay";
 }
 
-/// No settings outlive a run so far: the defaults stay, and the log says so.
-std::string InitUserPreferences(Run&) {
-    return "Failed!";
+std::string InitUserPreferences(Run& run) {
+    return LoadSettings(run.window.Session()) ? "Okay" : "Failed!";
 }
 
 std::string InitRenderContext(Run& run) {
@@ -95,7 +96,7 @@ std::string LoadMaterialMaps(Run& run) {
     ucTextureList& browser = window.Workspace().TextureList();
     const auto addThumbnail = [&browser](const QImage& picture) { browser.AddThumbnail(picture); };
     LoadAllTextures({window.Context(), window.Textures(), window.Session().textures, addThumbnail},
-                    window.Session().programFolder + "/ObjTextures", run.log);
+                    window.Session().DataFolder() + "/ObjTextures", run.log);
     browser.SelectTexture(0);
     return {};
 }
@@ -107,19 +108,49 @@ std::string InitViewPorts(Run& run) {
 }
 
 std::string InitColorScheme(Run& run) {
-    // Every surface takes its colours from the settings whenever it paints.
-    RedrawAllViews(run.window.Session());
-    run.window.Workspace().TextureList().RefreshList();
+    run.window.ApplyColorScheme();
     return "Okay";
 }
 
-std::string InitWindowState(Run& run) {
+void CentreWindow(frmMain& window) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    run.window.resize(run.window.size().boundedTo(screen.size()));
-    QRect place(QPoint(), run.window.size());
+    window.resize(window.size().boundedTo(screen.size()));
+    QRect place(QPoint(), window.size());
     place.moveCenter(screen.center());
-    run.window.move(place.topLeft());
-    return "DEFAULT";
+    window.move(place.topLeft());
+}
+
+/// The screens, the main one first.
+std::vector<TwipRect> Screens() {
+    std::vector<TwipRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect area = screen->geometry();
+        screens.push_back({area.x() * kTwipsPerPixel, area.y() * kTwipsPerPixel,
+                           area.width() * kTwipsPerPixel, area.height() * kTwipsPerPixel});
+    }
+    return screens;
+}
+
+void PlaceWindow(frmMain& window, WindowPlace& place) {
+    place = ClampToScreens(place, Screens());
+    const auto pixels = [](float twips) { return RoundToInt(twips / kTwipsPerPixel); };
+    // The frame lies around the place: its title bar needs room above.
+    const int titleHeight = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    window.setGeometry(pixels(place.left), std::max(pixels(place.top), titleHeight),
+                       pixels(place.width), pixels(place.height));
+}
+
+std::string InitWindowState(Run& run) {
+    Settings& settings = run.window.Session().settings;
+    const WindowStart start = StartOfWindow(settings);
+    const bool maximized = start == WindowStart::Maximized;
+    if (maximized || start == WindowStart::Normal) {
+        PlaceWindow(run.window, settings.window);
+    } else {
+        CentreWindow(run.window);
+    }
+    if (maximized) run.window.setWindowState(Qt::WindowMaximized);
+    return LogWord(start);
 }
 
 /// A line of the log and the work behind it, whose verdict completes the line.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/PathText.h"
+
 namespace korvane {
 
 void RedrawAllViews(Editor& editor) {
@@ -24,8 +26,7 @@ void ShowError(Editor& editor, std::string text) {
 }
 
 std::string WindowTitle(const Editor& editor) {
-    std::string name = editor.CurrentObjectPath;
-    name.erase(0, name.find_last_of("/\\") + 1);
+    std::string name = FileName(editor.CurrentObjectPath);
     name = name.empty() ? "New_Object" : name.substr(0, name.rfind('.'));
     return "Korvane - " + name + (editor.SceneModified ? "*" : "");
 }

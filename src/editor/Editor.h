@@ -101,12 +101,18 @@ struct Editor {
     std::int32_t exportedParts = 0;  ///< mesh objects exported in this run: they number the next
     CodeTemplate codeTemplate;       ///< last used to export source code
 
-    std::string programFolder;      ///< UTF-8; holds ObjTextures, ObjCache, Help, ends in no slash
+    std::string programFolder;      ///< UTF-8, ends in no slash; holds Help
+    std::string dataFolder;         ///< where that can't be written: see DataFolder
     std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene
     bool SceneModified = false;     ///< changes not yet saved
     /// The file at CurrentObjectPath was chosen but could not be understood: Save must not
     /// overwrite it without asking.
     bool currentFileForeign = false;
+
+    /// Where ObjTextures, ObjCache, settings and log lie (UTF-8, no slash at its end).
+    const std::string& DataFolder() const {
+        return dataFolder.empty() ? programFolder : dataFolder;
+    }
 
     TextureSpace Space() const { return {textures, settings.TextureScale}; }
 };

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "files/Settings.h"
+
 namespace korvane {
 
 /// Screens to be redrawn, as a set of bits.
@@ -45,7 +47,8 @@ enum class Form {
     FreeRotate,
     Multiply,
     ExportSourceCode,
-    Statistics
+    Statistics,
+    Preferences
 };
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.
@@ -65,6 +68,12 @@ class EditorHost {
 
     /// Places the panes anew for the current view layout and split, then redraws all.
     virtual void LayoutPanes() = 0;
+
+    /// Repaints everything that has colours of the scheme.
+    virtual void ApplyColorScheme() = 0;
+
+    /// Where the main window stands now.
+    virtual WindowPlace PlaceOfWindow() const = 0;
 
     /// Shows the text in status bar panel 0..4.
     virtual void ShowStatus(int panel, const std::string& text) = 0;

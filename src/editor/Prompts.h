@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "files/Settings.h"
+
 namespace korvane {
 
 enum class MessageIcon { Exclamation, Question, Information, Stop };
@@ -23,10 +25,11 @@ struct Message {
 /// What a file dialog shows.
 struct FileDialog {
     std::string title;
-    std::string filterName;        ///< "Korvane Files (*.kvobject)"
-    std::string filterPattern;     ///< "*.kvobject"
-    std::string defaultExtension;  ///< "kvobject", added to a name without one
-    std::string proposedPath;      ///< may be empty
+    std::string filterName;          ///< "Korvane Files (*.kvobject)"
+    std::string filterPattern;       ///< "*.kvobject"
+    std::string defaultExtension;    ///< "kvobject", added to a name without one
+    std::string proposedPath;        ///< may be empty
+    std::string initialFolder = {};  ///< where it starts; empty: in the folder chosen last
 };
 
 /// The door itself.
@@ -43,6 +46,9 @@ class Prompts {
 
     /// A path to save to, confirmed when it exists, or nothing when cancelled.
     virtual std::optional<std::string> AskSavePath(const FileDialog& dialog) = 0;
+
+    /// Another colour than `color`, or nothing when cancelled.
+    virtual std::optional<Color> AskColor(Color color) = 0;
 };
 
 }  // namespace korvane

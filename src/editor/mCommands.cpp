@@ -6,6 +6,7 @@
 #include "editor/mEditCommands.h"
 #include "editor/mExport.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mRecentFiles.h"
 #include "editor/mViews.h"
 #include "scene/mSelection.h"
 
@@ -190,7 +191,7 @@ const Command kCommands[] = {
     {"mnuExport3DS", "mnuExport", "3DStudio Format (*.3DS)...", Always, CheckKind::None, nullptr, Export3DS,
      {ToolBar, 5, "Export Object...", "Export Object: Save the current object in different formats", kSeparator}},
     {"mnuExportSourceCode", "mnuExport", "Source Code (*.TXT)...", Always, CheckKind::None, nullptr, Open<Form::ExportSourceCode>, {}},
-    {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", NotYet, CheckKind::None, nullptr, nullptr, {}},
+    {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", Always, CheckKind::None, nullptr, ClearRecentFiles, {}, kSeparator},
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},
 
     {"mnuUndo", "mnuEdit", "Undo", UndoAvailable, CheckKind::None, nullptr, UndoLastChange,
@@ -205,7 +206,7 @@ const Command kCommands[] = {
      {EditBar, 8, "UnSelect All Brushes", "UnSelect: UnSelect brushes, faces, edges and vertices"}},
     {"mnuDelete", "mnuEdit", "Delete", Selection, CheckKind::None, nullptr, DeleteBrushes,
      {EditBar, 9, "Delete Selected Brushes", "Delete: Delete selected brushes", kSeparator}},
-    {"mnuPreferences", "mnuEdit", "Preferences...", NotYet, CheckKind::None, nullptr, nullptr, {}, kSeparator},
+    {"mnuPreferences", "mnuEdit", "Preferences...", Always, CheckKind::None, nullptr, Open<Form::Preferences>, {}, kSeparator},
 
     {"mnuRulers", "mnuView", "Rulers", Always, Toggle, RulersShown, ToggleRulers,
      {ToolBar, 11, "Show Rulers", "Show Rulers: Toggle on/off showing rulers in the views"}},

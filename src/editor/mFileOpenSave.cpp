@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "editor/mRecentFiles.h"
 #include "editor/mUndo.h"
 #include "editor/mViews.h"
 #include "files/FileBuffer.h"
@@ -68,6 +69,11 @@ void ReportLoad(Editor& editor, LoadResult result) {
     RefreshAll(editor);
 }
 
+bool MayDropForOpen(Editor& editor) {
+    return MayDropChanges(editor, WarnOpen, "Notice! There are unsaved changes to the scene!",
+                          "Notice!");
+}
+
 /// After a successful open the snapshots belong to another object.
 void ReportOpen(Editor& editor, LoadResult result) {
     if (result != LoadResult::Cancelled) editor.host.CloseForms();
@@ -83,6 +89,7 @@ bool SaveObject(Editor& editor, const std::string& path) {
         const auto chosen = editor.prompts.AskSavePath(ObjectDialog("Save Object As...", editor));
         if (!chosen || chosen->empty()) return false;
         target = editor.CurrentObjectPath = *chosen;
+        AddRecentFile(editor, *chosen);
     }
     const bool saved = SaveFile(target, EncodeObject(editor.scene, editor.textures, false));
     if (saved) {
@@ -102,6 +109,7 @@ LoadResult LoadObject(Editor& editor, const std::string& path, bool merge, bool 
     const auto chosen = editor.prompts.AskOpenPath(ObjectDialog("Open Object...", editor));
     if (!chosen || chosen->empty()) return LoadResult::Cancelled;
     way.becomesCurrent = !merge;
+    if (!merge) AddRecentFile(editor, *chosen);
     return LoadFrom(editor, *chosen, way);
 }
 
@@ -122,10 +130,7 @@ void NewObject(Editor& editor) {
 }
 
 void OpenObject(Editor& editor) {
-    if (!MayDropChanges(editor, WarnOpen, "Notice! There are unsaved changes to the scene!",
-                        "Notice!")) {
-        return;
-    }
+    if (!MayDropForOpen(editor)) return;
     ReportOpen(editor, LoadObject(editor, {}, false, false, false));
 }
 
@@ -141,8 +146,19 @@ void SaveObjectAs(Editor& editor) {
     SaveObject(editor, {});
 }
 
+void OpenRecentFile(Editor& editor, std::size_t index) {
+    if (index >= editor.settings.recentFiles.size() || !MayDropForOpen(editor)) return;
+    const std::string path = editor.settings.recentFiles[index];
+    AddRecentFile(editor, path);
+    const LoadResult result = LoadFrom(editor, path, {.becomesCurrent = true});
+    editor.host.CloseForms();
+    ReportLoad(editor, result);
+}
+
 void OpenObjectFile(Editor& editor, const std::string& path) {
-    ReportOpen(editor, LoadFrom(editor, path, {.becomesCurrent = true}));
+    const LoadResult result = LoadFrom(editor, path, {.becomesCurrent = true});
+    if (result == LoadResult::Done) AddRecentFile(editor, path);
+    ReportOpen(editor, result);
 }
 
 }  // namespace korvane

@@ -34,6 +34,9 @@ void MergeObject(Editor& editor);
 void SaveCurrentObject(Editor& editor);
 void SaveObjectAs(Editor& editor);
 
+/// Opens entry `index` of the recent files, with the question of OpenObject. The undo cache stays.
+void OpenRecentFile(Editor& editor, std::size_t index);
+
 /// Opens the file named by the user outside the dialog (an argument of the program), like
 /// OpenObject without its question and dialog.
 void OpenObjectFile(Editor& editor, const std::string& path);

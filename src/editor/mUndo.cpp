@@ -15,7 +15,7 @@ namespace korvane {
 namespace {
 
 std::string CacheFolder(const Editor& editor) {
-    return editor.programFolder + "/ObjCache";
+    return editor.DataFolder() + "/ObjCache";
 }
 
 std::string CachePath(const Editor& editor, const std::string& name) {

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "views/core/KeyMap.h"
 
@@ -89,6 +91,27 @@ enum Warning : int {
 };
 inline constexpr int kWarnings = 6;
 
+/// What a size may be, bounds included.
+struct SizeRange {
+    double least;
+    double most;
+};
+inline constexpr SizeRange kSnapRange{0.01, 10};
+inline constexpr SizeRange kPickerRange{0.01, 1};
+inline constexpr SizeRange kTextureScaleRange{1, 200};
+
+/// Where the main window stood, in twips (1/1440 inch).
+struct WindowPlace {
+    std::int16_t state = -1;  ///< -1 none stored, 0 normal, 1 minimised, 2 maximised
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+};
+
+/// Most paths that the recent-files list holds.
+inline constexpr std::size_t kRecentFiles = 5;
+
 /// All settings that outlive a run, with their defaults.
 struct Settings {
     std::int16_t ViewLayout = FourWay;
@@ -101,14 +124,11 @@ struct Settings {
     bool snapToGrid = true;
     bool setMarker = true;
     bool rememberWindow = true;
-    std::int16_t windowState = -1;  ///< -1 none stored, 0 normal, 1 minimised, 2 maximised
-    float windowLeft = 0;           ///< twips (1/1440 inch), as are the next three
-    float windowTop = 0;
-    float windowWidth = 0;
-    float windowHeight = 0;
+    WindowPlace window;
     std::array<bool, kWarnings> warnings = {true, true, true, true, true, true};
     ColorScheme colors;
     KeyMap keyMap;
+    std::vector<std::string> recentFiles;  ///< UTF-8 paths, the newest first, none empty
 
     /// Step of the grid that points snap to, world units; 0 with snap off.
     float SnapStep() const { return snapToGrid ? snapSize : 0; }

@@ -1,6 +1,7 @@
 #include "platform/QtPrompts.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -109,14 +110,26 @@ std::optional<std::string> QtPrompts::AskSavePath(const FileDialog& dialog) {
     return Ask(box, dialog);
 }
 
+std::optional<Color> QtPrompts::AskColor(Color color) {
+    const QColor initial(static_cast<int>(Red(color)), static_cast<int>(Green(color)),
+                         static_cast<int>(Blue(color)));
+    QColorDialog box(initial, Owner());
+    if (box.exec() != QDialog::Accepted) return std::nullopt;
+    const QColor chosen = box.selectedColor();
+    return MakeColor(static_cast<std::uint32_t>(chosen.red()),
+                     static_cast<std::uint32_t>(chosen.green()),
+                     static_cast<std::uint32_t>(chosen.blue()));
+}
+
 std::optional<std::string> QtPrompts::Ask(QFileDialog& box, const FileDialog& dialog) {
     box.setWindowTitle(QString::fromStdString(dialog.title));
     box.setNameFilter(NameFilter(dialog));
-    if (!folder_.isEmpty()) box.setDirectory(folder_);
+    const QString start = QString::fromStdString(dialog.initialFolder);
+    if (!start.isEmpty() || !folder_.isEmpty()) box.setDirectory(start.isEmpty() ? folder_ : start);
     if (!dialog.proposedPath.empty()) box.selectFile(QString::fromStdString(dialog.proposedPath));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = box.selectedFiles().constFirst();
-    folder_ = QFileInfo(path).absolutePath();
+    if (start.isEmpty()) folder_ = QFileInfo(path).absolutePath();
     return path.toStdString();
 }
 

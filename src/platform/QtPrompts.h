@@ -19,6 +19,8 @@ class QtPrompts final : public Prompts {
     /// Adds the default extension to a name without one before asking whether to overwrite.
     std::optional<std::string> AskSavePath(const FileDialog& dialog) override;
 
+    std::optional<Color> AskColor(Color color) override;
+
   private:
     std::optional<std::string> Ask(QFileDialog& box, const FileDialog& dialog);
 

@@ -81,7 +81,7 @@ TEST_F(FileCommandsTest, SaveAsksForANameOnceAndOpenBringsTheSceneBack) {
     EXPECT_EQ(prompts_.saveDialogs[0].defaultExtension, "kvobject");
     EXPECT_EQ(editor_.CurrentObjectPath, folder_.Path("house.kvobject"));
     EXPECT_EQ(WindowTitle(editor_), "Korvane - house");
-    EXPECT_EQ(host_.commandStateRefreshes, 1);
+    EXPECT_GE(host_.commandStateRefreshes, 1);
     EXPECT_EQ(host_.redraws, RedrawAll);
 
     AddBox("roof");

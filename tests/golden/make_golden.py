@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Packs the golden object files field by field from the layout in docs/FILE_FORMATS.md.
+"""Packs the golden files field by field from the layout in docs/FILE_FORMATS.md.
 
 It shares nothing with the program's writer, so that the two check each other. Run it in this folder;
 the files it writes are committed. The tests know the values below.
@@ -109,7 +109,49 @@ def foreign():
             b"Brsh" + long(1) + long(-5) + long(3) + b"".join(brushes) + b"trailing bytes")
 
 
+def flag(value):
+    return bytes([255 if value else 0])
+
+
+# Item n of the colour list and slot n of the key map have a value of their own, so that any two
+# that change places show.
+def color(item):
+    return 0x102030 * (item % 8) + item
+
+
+def key(slot):
+    return 200 - 3 * slot if slot != 20 else 0
+
+
+DISPLAY_ORDER = [*range(0, 23), *range(30, 37), *range(25, 30), 40, 37, 38, 39, 23, 24]
+
+
+def settings():
+    colors = [2, 3, 12, 13, 4, 5, 8, 10, 11, 15, 16, 17, 14, 19, 18, 22, 6, 7, 20, 21, 1]
+    keys = [22, 20, 12, 14, 13, 15, 3, 7, 0, 2, 4, 5, 1, 6, 21, 40, 23, 24, 18, 16, 19, 30, 31, 32,
+            33, 34, 35, 36, 11, 8, 9, 10, 17, 29, 25, 28, 27, 26, 37, 38, 39]
+    recent = ["/home/t\u00fcr/Haus \u20ac.kvobject", "C:\\objects\\old.kvobject", "", "", ""]
+    return (b"STAT" + singles(8.5, 0.25, 0.5) +
+            flag(False) + flag(True) + flag(True) + flag(False) + long(3) +
+            b"WPOS" + flag(True) + long(2) + singles(150.0, 300.0, 12000.0, 9000.0) +
+            b"RCNT" + long(5) + b"".join(text(path) for path in recent) +
+            b"WARN" + b"".join(flag(w) for w in (True, False, True, True, False)) +
+            b"CLRS" + b"".join(long(color(item)) for item in colors) +
+            b"KEYS" + b"".join(long(key(slot)) for slot in keys) +
+            b"1100" + flag(False) + long(color(9)) +
+            b"1300" + flag(False))
+
+
+def color_scheme():
+    return b"KVCS" + b"".join(long(color(item)) for item in range(1, 23))
+
+
+def keyboard_map():
+    return b"KVKM" + b"".join(long(key(slot)) for slot in DISPLAY_ORDER)
+
+
 for path, content in [("scene.kvobject", scene(False)), ("snapshot.kvobject", scene(True)),
-                      ("foreign.kvobject", foreign())]:
+                      ("foreign.kvobject", foreign()), ("settings.kvdat", settings()),
+                      ("scheme.kvcs", color_scheme()), ("keys.kvkm", keyboard_map())]:
     with open(path, "wb") as out:
         out.write(content)

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 /// One line per entry, indented by its depth: caption and object name.
 void Outline(const QList<QAction*>& actions, const QString& indent, QStringList& lines) {
     for (const QAction* action : actions) {
-        if (action->isSeparator()) continue;
+        if (action->isSeparator() || !action->isVisible()) continue;
         const QMenu* menu = action->menu();
         const QString name = menu != nullptr ? menu->objectName() : action->objectName();
         lines += indent + action->text() + " = " + name;

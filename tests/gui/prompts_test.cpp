@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -71,6 +72,18 @@ TEST(QtPromptsTest, BoxBelongsToAWindowThatIsNotActiveYet) {
     prompts.ShowMessage({"!", "!", MessageIcon::Stop, MessageButtons::Ok});
 }
 
+TEST(QtPromptsTest, ColorDialogStartsWithTheColorAndMayBeCancelled) {
+    QtPrompts prompts;
+    WhenOpen<QColorDialog>([](QColorDialog* box) {
+        EXPECT_EQ(box->currentColor(), QColor(1, 2, 3));
+        box->setCurrentColor(QColor(10, 20, 30));
+        box->accept();
+    });
+    EXPECT_EQ(prompts.AskColor(MakeColor(1, 2, 3)), MakeColor(10, 20, 30));
+    WhenOpen<QColorDialog>([](QColorDialog* box) { box->reject(); });
+    EXPECT_EQ(prompts.AskColor(0), std::nullopt);
+}
+
 class FileDialogTest : public testing::Test {
   protected:
     void Type(const QString& name) {
@@ -99,6 +112,17 @@ TEST_F(FileDialogTest, SavingAddsTheExtensionAndRemembersTheFolder) {
     Type("other.kvobject");
     EXPECT_EQ(prompts.AskSavePath(dialog), folder.filePath("other.kvobject").toStdString());
     EXPECT_EQ(start, folder.path());
+}
+
+TEST_F(FileDialogTest, FolderOfItsOwnLeavesTheRememberedOneAlone) {
+    QTemporaryDir other;
+    dialog.initialFolder = other.path().toStdString();
+    Type(folder.filePath("scheme"));
+    prompts.AskSavePath(dialog);
+    EXPECT_EQ(start, other.path());
+    Type("again");
+    prompts.AskSavePath(dialog);
+    EXPECT_EQ(start, other.path());
 }
 
 TEST_F(FileDialogTest, SavingOverAFileIsConfirmed) {

@@ -24,6 +24,8 @@ struct RecordingHost : EditorHost {
     int formCloses = 0;
     int focusReturns = 0;
     int timerStarts = 0;
+    int schemes = 0;
+    WindowPlace place;
     std::map<int, std::string> status;
     std::vector<Form> forms;
     std::vector<std::string> documents;
@@ -36,6 +38,8 @@ struct RecordingHost : EditorHost {
     void ShowCommandStates() override { ++commandStateRefreshes; }
     void RefreshPropertyPanel() override { ++panelRefreshes; }
     void LayoutPanes() override { ++layouts; }
+    void ApplyColorScheme() override { ++schemes; }
+    WindowPlace PlaceOfWindow() const override { return place; }
     void ShowStatus(int panel, const std::string& text) override { status[panel] = text; }
     void OpenForm(Form form) override { forms.push_back(form); }
     void CloseForms() override { ++formCloses; }
@@ -54,6 +58,8 @@ struct ScriptedPrompts : Prompts {
     std::deque<Answer> answers;
     std::deque<std::optional<std::string>> paths;
     std::vector<Message> messages;
+    std::deque<std::optional<Color>> colors;
+    std::vector<Color> askedColors;
     std::vector<FileDialog> openDialogs;
     std::vector<FileDialog> saveDialogs;
 
@@ -75,19 +81,24 @@ struct ScriptedPrompts : Prompts {
     }
     std::optional<std::string> AskOpenPath(const FileDialog& dialog) override {
         openDialogs.push_back(dialog);
-        return NextPath();
+        return Next(paths);
     }
     std::optional<std::string> AskSavePath(const FileDialog& dialog) override {
         saveDialogs.push_back(dialog);
-        return NextPath();
+        return Next(paths);
+    }
+    std::optional<Color> AskColor(Color color) override {
+        askedColors.push_back(color);
+        return Next(colors);
     }
 
   private:
-    std::optional<std::string> NextPath() {
-        if (paths.empty()) return std::nullopt;
-        auto path = paths.front();
-        paths.pop_front();
-        return path;
+    template <class T>
+    static std::optional<T> Next(std::deque<std::optional<T>>& prepared) {
+        if (prepared.empty()) return std::nullopt;
+        auto next = prepared.front();
+        prepared.pop_front();
+        return next;
     }
 };
 

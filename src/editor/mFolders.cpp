@@ -1,0 +1,56 @@
+#include "editor/mFolders.h"
+
+#include <filesystem>
+#include <random>
+
+#include "files/FileBuffer.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(const std::string& utf8) {
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+/// Rights tell too little: the disk may be read-only, and some users may do anything.
+bool CanWriteIn(const std::string& folder) {
+    const std::string probe = folder + "/.korvane-probe-" + std::to_string(std::random_device()());
+    if (CreateFile(probe, {}) != Creation::Done) return false;
+    DeleteFile(probe);
+    return true;
+}
+
+/// The copy gets its name when it is complete, so that one that was interrupted is made again.
+void CopyFolder(const fs::path& from, const fs::path& to) {
+    const fs::path unfinished = to.native() + "-" + std::to_string(std::random_device()());
+    std::error_code failed;
+    fs::create_directory(unfinished, failed);  // fs::copy would copy a write protection too
+    if (!failed) fs::copy(from, unfinished, failed);
+    if (!failed) fs::rename(unfinished, to, failed);
+    std::error_code ignored;
+    if (failed) fs::remove_all(unfinished, ignored);
+}
+
+}  // namespace
+
+std::string ChooseDataFolder(const std::string& programFolder, const std::string& userFolder) {
+    if (CanWriteIn(programFolder)) return programFolder;
+    std::error_code ignored;
+    fs::create_directories(ToPath(userFolder), ignored);
+    return CanWriteIn(userFolder) ? userFolder : programFolder;
+}
+
+void MakeFolders(const Editor& editor) {
+    const fs::path data = ToPath(editor.DataFolder());
+    const fs::path shipped = ToPath(editor.programFolder) / "ObjTextures";
+    const fs::path textures = data / "ObjTextures";
+    std::error_code ignored;
+    if (!fs::exists(textures, ignored) && fs::is_directory(shipped, ignored))
+        CopyFolder(shipped, textures);
+    fs::create_directory(textures, ignored);
+    fs::create_directory(data / "ObjCache", ignored);
+}
+
+}  // namespace korvane

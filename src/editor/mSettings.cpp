@@ -1,0 +1,36 @@
+#include "editor/mSettings.h"
+
+#include "editor/mRecentFiles.h"
+#include "files/FileBuffer.h"
+#include "files/mSettingsFile.h"
+
+namespace korvane {
+namespace {
+
+std::string SettingsPath(const Editor& editor) {
+    return editor.DataFolder() + "/Korvane.kvdat";
+}
+
+/// Looks at the file as it is now: another window may have written it since this one started.
+bool KeepDamaged(const std::string& path) {
+    const auto old = LoadFile(path);
+    Settings ignored;
+    return !old || DecodeSettings(*old, ignored) || SaveFile(path + ".bad", *old);
+}
+
+}  // namespace
+
+bool LoadSettings(Editor& editor) {
+    const auto bytes = LoadFile(SettingsPath(editor));
+    const bool whole = bytes && DecodeSettings(*bytes, editor.settings);
+    RefreshRecentMenu(editor);
+    return whole;
+}
+
+bool SaveSettings(Editor& editor) {
+    editor.settings.window = editor.host.PlaceOfWindow();
+    const std::string path = SettingsPath(editor);
+    return KeepDamaged(path) && SaveFile(path, EncodeSettings(editor.settings));
+}
+
+}  // namespace korvane

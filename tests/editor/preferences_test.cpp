@@ -1,0 +1,190 @@
+// The preferences without their window: checks, files, key capture, defaults.
+#include "editor/mPreferences.h"
+#include "files/mPreferenceFiles.h"
+#include "files/mSettingsFile.h"
+#include "support/SessionFixture.h"
+
+namespace korvane::test {
+namespace {
+
+class PreferencesTest : public SessionTest {
+  protected:
+    Preferences Pages() const { return PreferencesOf(editor.settings); }
+
+    /// The texts of the messages since the last call.
+    std::vector<std::string> Told() {
+        std::vector<std::string> texts;
+        for (const Message& message : prompts.messages) texts.push_back(message.text);
+        prompts.messages.clear();
+        return texts;
+    }
+
+    std::string KeyOf(const Preferences& pages, KeyFunction function) {
+        return KeyName(pages.keyMap[function]);
+    }
+
+    static constexpr const char* kSnap =
+        "Warning: Snap to Grid size is Out of Range.\r\nIt must be between 0.01 and 10.";
+    static constexpr const char* kPicker =
+        "Warning: Picker size is Out of Range.\r\nIt must be between 0.01 and 1.";
+    static constexpr const char* kScale =
+        "Warning: Global Scale size is Out of Range.\r\nIt must be between 1 and 200.";
+};
+
+TEST_F(PreferencesTest, SizesAreShownAndCheckedInTheirOrder) {
+    EXPECT_EQ(Pages().snapSize, "0.1");
+    EXPECT_EQ(Pages().pickerSize, "0.05");
+    EXPECT_EQ(Pages().textureScale, "4");
+    struct Row {
+        const char *snap, *picker, *scale, *refusal;
+    };
+    const Row rows[] = {
+        {"10", "0.01", "200", nullptr}, {"0.01", "1", "1", nullptr}, {".5x", "1e-1", " 4", nullptr},
+        {"10.001", "1", "4", kSnap},    {"0.0099", "1", "4", kSnap}, {"abc", "2", "0", kSnap},
+        {"", "1", "4", kSnap},          {"0,5", "1", "4", kSnap},    {"1", "1.001", "999", kPicker},
+        {"1", "-1", "4", kPicker},      {"1", "1", "0.999", kScale}, {"1", "1", "200.1", kScale},
+        {"1", "1", "1e999", kScale},    {"nan", "1", "4", kSnap},
+    };
+    for (const Row& row : rows) {
+        editor.settings = Settings{};
+        Preferences pages = Pages();
+        pages.snapSize = row.snap, pages.pickerSize = row.picker, pages.textureScale = row.scale;
+        pages.setMarker = false;
+        const std::string name = std::string(row.snap) + " " + row.picker + " " + row.scale;
+        const bool accepted = ApplyPreferences(editor, pages);
+        EXPECT_EQ(accepted, row.refusal == nullptr) << name;
+        EXPECT_EQ(editor.settings.setMarker, !accepted) << name;
+        if (row.refusal == nullptr) continue;
+        ASSERT_EQ(prompts.messages.size(), 1U) << name;
+        EXPECT_EQ(prompts.messages[0].title, "Warning!");
+        EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Exclamation);
+        EXPECT_EQ(Told().front(), row.refusal) << name;
+    }
+}
+
+TEST_F(PreferencesTest, ApplyingReachesSettingsFileAndViews) {
+    Preferences pages = Pages();
+    pages.rememberWindow = false;
+    pages.warnings[WarnOpen] = false;
+    pages.colors[ColorItem::GridMajor] = 0x123456;
+    pages.keyMap[KeyFunction::ZoomIn] = 90;
+    host.redraws = 0;
+    EXPECT_TRUE(ApplyPreferences(editor, pages));
+    Settings stored;
+    EXPECT_TRUE(DecodeSettings(FileBytes(folder.Path("Korvane.kvdat")), stored));
+    EXPECT_EQ(EncodeSettings(stored), EncodeSettings(editor.settings));
+    EXPECT_FALSE(stored.rememberWindow);
+    EXPECT_FALSE(stored.warnings[WarnOpen]);
+    EXPECT_EQ(stored.colors[ColorItem::GridMajor], 0x123456U);
+    EXPECT_EQ(stored.keyMap[KeyFunction::ZoomIn], 90);
+    EXPECT_EQ(host.redraws, RedrawAll);
+    EXPECT_EQ(host.schemes, 1);
+
+    editor.dataFolder = "/no/such/folder";
+    EXPECT_TRUE(ApplyPreferences(editor, pages));
+    EXPECT_EQ(Told(), std::vector<std::string>{"Error: Unable to save settings!"});
+}
+
+TEST_F(PreferencesTest, DefaultsSpareTheRecentFiles) {
+    editor.settings.ViewLayout = TopOnly;
+    editor.settings.showRulers = false;
+    editor.settings.recentFiles = {"/a"};
+    editor.scene.editMode = VertexMove;
+    editor.scene.createShape = Sphere;
+    editor.scene.sideCount = 12;
+    ResetDefaults(editor);
+    Settings expected;
+    expected.recentFiles = {"/a"};
+    EXPECT_EQ(EncodeSettings(editor.settings), EncodeSettings(expected));
+    EXPECT_EQ(editor.scene.editMode, BrushMove);
+    EXPECT_EQ(editor.scene.createShape, Box);
+    EXPECT_EQ(editor.scene.sideCount, 4);
+    EXPECT_EQ(host.layouts, 1);
+    EXPECT_EQ(host.redraws, RedrawAll);
+}
+
+TEST_F(PreferencesTest, FilesAreStoredAndBroughtBack) {
+    Preferences pages = Pages();
+    pages.colors[ColorItem::View2DBackground] = 7;
+    pages.keyMap[KeyFunction::MoveFaster] = 0;
+    const std::string scheme = folder.Path("a.kvcs"), keys = folder.Path("a.kvkm");
+    prompts.paths = {scheme, keys, std::nullopt, folder.Path("gone/x")};
+    SaveColorScheme(editor, pages);
+    SaveKeyMap(editor, pages);
+    SaveKeyMap(editor, pages);
+    EXPECT_TRUE(prompts.messages.empty());
+    SaveKeyMap(editor, pages);
+    EXPECT_EQ(Told(), std::vector<std::string>{"Error: Unable to save file!"});
+
+    Preferences read = Pages();
+    prompts.paths = {scheme, keys, std::nullopt};
+    OpenColorScheme(editor, read);
+    OpenKeyMap(editor, read);
+    OpenKeyMap(editor, read);
+    EXPECT_EQ(read.colors[ColorItem::View2DBackground], 7U);
+    EXPECT_EQ(KeyOf(read, KeyFunction::MoveFaster), "{UnDefined}");
+
+    prompts.paths = {keys, scheme, folder.Path("gone")};
+    OpenColorScheme(editor, read);
+    OpenKeyMap(editor, read);
+    OpenKeyMap(editor, read);
+    EXPECT_EQ(Told(), (std::vector<std::string>{"Error: Invalid Korvane Color Scheme File!",
+                                                "Error: Invalid Korvane Keyboard Map File!",
+                                                "Error: Invalid Korvane Keyboard Map File!"}));
+    EXPECT_EQ(read.colors[ColorItem::View2DBackground], 7U);
+
+    const FileDialog& save = prompts.saveDialogs[1];
+    EXPECT_EQ(save.title, "Save Keyboard Map...");
+    EXPECT_EQ(save.filterName, "Korvane Keyboard Maps (*.kvkm)");
+    EXPECT_EQ(save.filterPattern, "*.kvkm");
+    EXPECT_EQ(save.defaultExtension, "kvkm");
+    EXPECT_EQ(save.initialFolder, folder.Path());
+}
+
+TEST_F(PreferencesTest, CapturedKeyIsTakenFromOthersOnlyWithYes) {
+    constexpr int kSlower = 1;  // row and slot
+    struct Row {
+        std::deque<Answer> answers;
+        const char *slower, *forward, *zoom;
+    };
+    const Row rows[] = {
+        {{Answer::Yes, Answer::Yes}, "W", "{UnDefined}", "{UnDefined}"},
+        {{Answer::Yes, Answer::No}, "CTRL", "{UnDefined}", "W"},
+        {{Answer::No}, "CTRL", "W", "W"},
+        {{Answer::Cancel}, "CTRL", "W", "W"},
+    };
+    for (const Row& row : rows) {
+        Preferences pages = Pages();
+        pages.keyMap[KeyFunction::ZoomIn] = 'W';
+        CaptureKey(editor, pages, 'W');
+        EXPECT_TRUE(prompts.messages.empty()) << "no capture";
+        StartKeyCapture(pages, kSlower);
+        prompts.answers = row.answers;
+        CaptureKey(editor, pages, 'W');
+        EXPECT_EQ(KeyOf(pages, KeyFunction::MoveSlower), row.slower);
+        EXPECT_EQ(KeyOf(pages, KeyFunction::MoveForward), row.forward);
+        EXPECT_EQ(KeyOf(pages, KeyFunction::ZoomIn), row.zoom);
+        EXPECT_EQ(pages.capturedRow, -1);
+        ASSERT_EQ(prompts.messages.size(), row.answers.size());
+        const Message first = prompts.messages[0];
+        EXPECT_EQ(first.text,
+                  "The key pressed (W) is already assigned\r\nto the function :Move: Forward"
+                  "\r\n\r\nReasign this key?");
+        EXPECT_EQ(first.title, "Key Already Used...");
+        EXPECT_EQ(first.icon, MessageIcon::Exclamation);
+        EXPECT_EQ(first.buttons, MessageButtons::YesNoCancel);
+        prompts.messages.clear();
+    }
+    Preferences pages = Pages();
+    constexpr int kArbitrary = 29;  // the row behind the sizes; slot 36
+    EXPECT_STREQ(KeyRowFunction(kArbitrary), "Size: Arbitrarily-Sided");
+    for (const int code : {48, 12}) {
+        StartKeyCapture(pages, kArbitrary);
+        CaptureKey(editor, pages, code);
+    }
+    EXPECT_TRUE(prompts.messages.empty()) << "its own key and a free one need no question";
+    EXPECT_EQ(KeyOf(pages, KeyFunction::SizeArbitrary), "[KEY: 012]");
+}
+
+}  // namespace
+}  // namespace korvane::test
