@@ -23,6 +23,11 @@ struct Floor {
 const std::vector<Floor>& Floors() {
     static const std::set<std::string> core = {"base",       "textures/core", "scene",
                                                "views/core", "files",         "editor"};
+    static const std::set<std::string> withOptimizer = [] {
+        auto set = core;
+        set.insert("optimizer");
+        return set;
+    }();
     static const std::vector<Floor> floors = {
         {"base", {}, true},
         {"textures/core", {"base"}, true},
@@ -30,7 +35,8 @@ const std::vector<Floor>& Floors() {
         {"views/core", {"base", "textures/core", "scene"}, true},
         {"files", {"base", "textures/core", "scene", "views/core"}, true},
         {"editor", {"base", "textures/core", "scene", "views/core", "files"}, true},
-        {"views/ui", core, false},
+        {"optimizer", core, true},
+        {"views/ui", withOptimizer, false},
         {"textures/ui",
          [] {
              auto set = core;
@@ -43,7 +49,7 @@ const std::vector<Floor>& Floors() {
         {"app",
          [] {
              auto set = core;
-             set.insert({"views/ui", "textures/ui", "platform", "widgets"});
+             set.insert({"optimizer", "views/ui", "textures/ui", "platform", "widgets"});
              return set;
          }(),
          false},

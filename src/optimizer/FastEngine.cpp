@@ -1,0 +1,403 @@
+#include "optimizer/FastEngine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <unordered_map>
+
+#include "optimizer/BrushTree.h"
+#include "optimizer/mPick.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::int32_t kNone = -1;
+constexpr std::int32_t kNever = std::numeric_limits<std::int32_t>::max();
+
+/// A point meets the pixel at a depth only if it is no further than this times the distance of the
+/// depth: what the steps of a depth amount to far off, many times over.
+constexpr double kDepthRoom = 1.001;
+/// What single precision does to a line of sight, in parts of the coordinates, many times over.
+constexpr double kSightRoom = 1e-5;
+
+/// Everything about the scene that the passes over its brushes share.
+struct SampledScene {
+    StopCamera camera;
+    std::vector<CameraStop> stops;
+    std::vector<PickBrush> brushes;
+    std::vector<OrbitTarget> orbits;
+    BrushTree tree;
+};
+
+/// A face that is met at a stop.
+struct StopHit {
+    std::int32_t face = 0;
+    PickDepth depth = kMissed;
+    float distance = 0;  ///< from the eye
+};
+
+/// The faces that are met at a stop, nearest first: a stretch of a list.
+struct StopHits {
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
+enum class Sight { Free, Blocked, Unsure };
+
+/// A step through n places that comes by each once and spreads from the start.
+std::size_t SpreadStep(std::size_t n) {
+    auto step = static_cast<std::size_t>(0.618 * static_cast<double>(n)) | 1U;
+    while (std::gcd(step, n) != 1) ++step;
+    return step;
+}
+
+double Along(const Vec3& back, const Point3& p) {
+    return back.x * p.x + back.y * p.y + back.z * p.z;
+}
+
+double LargestCoordinate(const Vec3& p) {
+    return std::max({std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+}
+
+/// The work on one target. Kept from target to target for the memory of its lists.
+class TargetPass {
+  public:
+    explicit TargetPass(const SampledScene& scene) : scene_(scene) {}
+
+    bool Run(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch) {
+        if (scene_.brushes.size() < 2) return true;
+        Start(target, invisible, watch);
+        if (!LookAround()) return false;
+        FindWinners();
+        // Until two pairs are through, faces may turn visible and polygons may turn hidden that no
+        // brush covers.
+        std::int32_t last = kNone;
+        for (int pair = 0; pair < 2 && ongoing_; ++pair) {
+            last = NextOther(last);
+            if (last < Count()) ApplyPair(last);
+        }
+        HideCovered(last);
+        return ongoing_;
+    }
+
+  private:
+    std::int32_t Count() const { return static_cast<std::int32_t>(scene_.brushes.size()); }
+    const PickBrush& BrushAt(std::int32_t i) const {
+        return scene_.brushes[static_cast<std::size_t>(i)];
+    }
+    std::int32_t NextOther(std::int32_t i) const { return i + 1 == target_ ? i + 2 : i + 1; }
+
+    void Start(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch);
+    void NumberPolygons();
+    bool LookAround();
+    void LookFrom(const StopView& view);
+    void FindWinners();
+    std::int32_t WinnerAt(std::size_t stop) const;
+    void ApplyPair(std::int32_t other);
+    void HideCovered(std::int32_t last);
+    std::int32_t FirstHider(std::size_t polygon, std::int32_t after);
+    bool IsSeenBeside(std::size_t polygon, std::int32_t other);
+    Sight LookPast(std::size_t stop, const PickBrush& other);
+    Sight LookFromOutside(std::size_t stop, const PickBrush& other) const;
+    bool NeedsEveryPick(std::int32_t other);
+    const std::vector<bool>& PickAll(std::int32_t other);
+    double SightRoom(const StopView& view) const;
+
+    const SampledScene& scene_;
+    const PickBrush* brush_ = nullptr;
+    const OrbitTarget* orbit_ = nullptr;
+    std::int32_t target_ = 0;
+    std::vector<bool>* invisible_ = nullptr;
+    OptimizeWatch* watch_ = nullptr;
+    bool ongoing_ = true;
+
+    std::vector<std::size_t> polygonOf_;  ///< by face
+    std::size_t polygonCount_ = 0;
+    std::vector<StopView> views_;  ///< by stop, as the next ones
+    std::vector<StopHits> hits_;
+    std::vector<std::int32_t> winners_;  ///< place in hitList_, or kNone
+    std::vector<StopHit> hitList_;
+    std::vector<ClipPoint> clip_;  ///< the target's points as one stop sees them
+    std::vector<unsigned> outside_;
+
+    std::vector<std::size_t> firstStop_;  ///< by polygon: its stretch of stopList_
+    std::vector<std::size_t> stopList_;   ///< stops at which the polygon is nearest
+    std::vector<std::int32_t> candidates_;
+
+    std::int32_t askedMoved_ = kNone;  ///< the other brush that answerMoved_ is about
+    bool answerMoved_ = false;
+    std::int32_t pickedBeside_ = kNone;  ///< the other brush that picked_ is about
+    std::vector<bool> picked_;
+};
+
+void TargetPass::Start(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch) {
+    target_ = target;
+    brush_ = &BrushAt(target);
+    orbit_ = &scene_.orbits[static_cast<std::size_t>(target)];
+    invisible_ = &invisible;
+    watch_ = &watch;
+    ongoing_ = true;
+    askedMoved_ = pickedBeside_ = kNone;
+    NumberPolygons();
+}
+
+/// Polygons in the order of their first faces.
+void TargetPass::NumberPolygons() {
+    std::unordered_map<std::int32_t, std::size_t> numbers;
+    polygonOf_.clear();
+    for (const std::int32_t id : brush_->polygonIds) {
+        polygonOf_.push_back(numbers.try_emplace(id, numbers.size()).first->second);
+    }
+    polygonCount_ = numbers.size();
+}
+
+/// Finds the target's faces at every stop, the invisible ones too: whether they count changes.
+bool TargetPass::LookAround() {
+    views_.clear();
+    hits_.clear();
+    hitList_.clear();
+    for (const CameraStop& stop : scene_.stops) {
+        views_.push_back(scene_.camera.ViewAt(stop, *orbit_));
+        LookFrom(views_.back());
+        if (!watch_->GoOn(brush_->triangles.size())) return false;
+    }
+    return true;
+}
+
+void TargetPass::LookFrom(const StopView& view) {
+    clip_.resize(brush_->points.size());
+    outside_.resize(brush_->points.size());
+    for (std::size_t i = 0; i < brush_->points.size(); ++i) {
+        clip_[i] = ToClip(view, brush_->points[i]);
+        outside_[i] = OutsideOf(clip_[i]);
+    }
+    const std::size_t first = hitList_.size();
+    for (const PickTriangle& triangle : brush_->triangles) {
+        const auto [a, b, c] = triangle.corners;
+        if (outside_[a] & outside_[b] & outside_[c]) continue;
+        if (!(triangle.Side(view.eye) > 0)) continue;
+        const PixelHit hit =
+            HitInPixel(clip_[a], clip_[b], clip_[c], outside_[a] | outside_[b] | outside_[c]);
+        if (hit.depth != kMissed) hitList_.push_back({triangle.face, hit.depth, hit.distance});
+    }
+    std::stable_sort(hitList_.begin() + static_cast<std::ptrdiff_t>(first), hitList_.end(),
+                     [](const StopHit& x, const StopHit& y) { return x.depth < y.depth; });
+    hits_.push_back({first, hitList_.size() - first});
+}
+
+std::int32_t TargetPass::WinnerAt(std::size_t stop) const {
+    const StopHits& hits = hits_[stop];
+    for (std::size_t i = hits.first; i < hits.first + hits.count; ++i) {
+        if (!(*invisible_)[static_cast<std::size_t>(hitList_[i].face)]) {
+            return static_cast<std::int32_t>(i);
+        }
+    }
+    return kNone;
+}
+
+/// Which polygon is nearest at each stop while the target stands alone, and where each is.
+void TargetPass::FindWinners() {
+    winners_.resize(hits_.size());
+    firstStop_.assign(polygonCount_ + 1, 0);
+    const auto polygonAt = [this](std::size_t stop) {
+        const StopHit& hit = hitList_[static_cast<std::size_t>(winners_[stop])];
+        return polygonOf_[static_cast<std::size_t>(hit.face)];
+    };
+    for (std::size_t stop = 0; stop < hits_.size(); ++stop) {
+        winners_[stop] = WinnerAt(stop);
+        if (winners_[stop] != kNone) ++firstStop_[polygonAt(stop) + 1];
+    }
+    std::partial_sum(firstStop_.begin(), firstStop_.end(), firstStop_.begin());
+    stopList_.resize(firstStop_.back());
+    std::vector<std::size_t> next(firstStop_.begin(), firstStop_.end() - 1);
+    for (std::size_t stop = 0; stop < hits_.size(); ++stop) {
+        if (winners_[stop] != kNone) stopList_[next[polygonAt(stop)]++] = stop;
+    }
+    pickedBeside_ = kNone;
+}
+
+/// One pair as it is defined: every polygon that is nearest at some stop is visible, all others
+/// become invisible.
+void TargetPass::ApplyPair(std::int32_t other) {
+    std::vector<bool> seen(polygonCount_);
+    for (std::size_t face = 0; face < polygonOf_.size() && ongoing_; ++face) {
+        const std::size_t polygon = polygonOf_[face];
+        if (!(*invisible_)[face] && !seen[polygon]) seen[polygon] = IsSeenBeside(polygon, other);
+    }
+    for (std::size_t face = 0; face < polygonOf_.size(); ++face) {
+        (*invisible_)[face] = !seen[polygonOf_[face]];
+    }
+    FindWinners();
+}
+
+/// The pairs after the first two, which can only hide. Brushes that hide nothing leave no trace, so
+/// it is enough to find, again and again, the next one that does.
+void TargetPass::HideCovered(std::int32_t last) {
+    constexpr std::int32_t kUnknown = -2;
+    std::vector<std::int32_t> hiders(polygonCount_, kUnknown);
+    while (ongoing_) {
+        std::int32_t next = kNever;
+        for (std::size_t p = 0; p < polygonCount_; ++p) {
+            if (firstStop_[p] == firstStop_[p + 1]) continue;  // hidden already
+            if (hiders[p] == kUnknown) hiders[p] = FirstHider(p, last);
+            next = std::min(next, hiders[p]);
+        }
+        if (next == kNever || !ongoing_) return;
+        for (std::size_t face = 0; face < polygonOf_.size(); ++face) {
+            if (hiders[polygonOf_[face]] == next) (*invisible_)[face] = true;
+        }
+        const std::vector<std::size_t> before = firstStop_;
+        FindWinners();
+        // With more stops than before a polygon may survive what would have hidden it.
+        for (std::size_t p = 0; p < polygonCount_; ++p) {
+            if (firstStop_[p + 1] - firstStop_[p] != before[p + 1] - before[p])
+                hiders[p] = kUnknown;
+        }
+        last = next;
+    }
+}
+
+double TargetPass::SightRoom(const StopView& view) const {
+    return kSightRoom * (LargestCoordinate(view.eye) + orbit_->distance);
+}
+
+/// The first brush after an index that hides the polygon.
+std::int32_t TargetPass::FirstHider(std::size_t polygon, std::int32_t after) {
+    const std::size_t stop = stopList_[firstStop_[polygon]];
+    const StopView& view = views_[stop];
+    const Vec3& back = scene_.stops[stop].back;
+    const double distance = hitList_[static_cast<std::size_t>(winners_[stop])].distance;
+    const double room = SightRoom(view);
+    candidates_.clear();
+    scene_.tree.FindAlong({{view.eye.x, view.eye.y, view.eye.z},
+                           {-back.x, -back.y, -back.z},
+                           distance * kDepthRoom,
+                           distance * scene_.camera.PixelReach() + room},
+                          candidates_);
+    std::sort(candidates_.begin(), candidates_.end());
+    for (const std::int32_t other : candidates_) {
+        if (other > after && other != target_ && !IsSeenBeside(polygon, other)) return other;
+    }
+    return kNever;
+}
+
+/// Whether the polygon is nearest at some stop with the other brush standing by.
+bool TargetPass::IsSeenBeside(std::size_t polygon, std::int32_t other) {
+    const PickBrush& standing = BrushAt(other);
+    const std::size_t first = firstStop_[polygon];
+    const std::size_t count = firstStop_[polygon + 1] - first;
+    const std::size_t step = SpreadStep(count);
+    // The first stop comes last: most candidates were found by standing in its way.
+    for (std::size_t i = 0, place = step; i < count; ++i, place += step) {
+        ongoing_ = watch_->GoOn(standing.triangles.size());
+        if (!ongoing_) return true;
+        const Sight sight = LookPast(stopList_[first + place % count], standing);
+        if (sight == Sight::Free) return true;
+        if (sight == Sight::Unsure) return PickAll(other)[polygon];
+    }
+    return NeedsEveryPick(other) && PickAll(other)[polygon];
+}
+
+/// Whether the other brush stands before what is nearest at the stop.
+Sight TargetPass::LookPast(std::size_t stop, const PickBrush& other) {
+    const StopView& view = views_[stop];
+    const StopHit& hit = hitList_[static_cast<std::size_t>(winners_[stop])];
+    const Point3 away{view.eye.x - other.centre.x, view.eye.y - other.centre.y,
+                      view.eye.z - other.centre.z};
+    const double along = Along(scene_.stops[stop].back, away);
+    const double apart = away.x * away.x + away.y * away.y + away.z * away.z - along * along;
+    const double room = SightRoom(view);
+    const double reach = other.radius + hit.distance * scene_.camera.PixelReach() + room;
+    if (apart > reach * reach || along < -reach) return Sight::Free;
+    if (along - other.radius > hit.distance * kDepthRoom + room) return Sight::Free;
+    if (IsInside(other, view.eye)) return LookFromOutside(stop, other);
+    for (const PickTriangle& triangle : other.triangles) {
+        if (HitTriangle(view, other, triangle).depth < hit.depth) return Sight::Blocked;
+    }
+    return Sight::Free;
+}
+
+/// The same where the camera has to leave the other brush first. What is nearest of the target may
+/// be another face from there, so only a clear answer counts.
+Sight TargetPass::LookFromOutside(std::size_t stop, const PickBrush& other) const {
+    const StopView view = ViewBeside(scene_.camera, scene_.stops[stop], *orbit_, other);
+    if (view.eye == views_[stop].eye)
+        return Sight::Free;  // no way out: nothing of it is turned here
+    const double safe = (Distance(view.eye, orbit_->centre) - orbit_->radius) / 2;
+    for (const PickTriangle& triangle : other.triangles) {
+        const PixelHit hit = HitTriangle(view, other, triangle);
+        if (hit.depth != kMissed && hit.distance < safe) return Sight::Blocked;
+    }
+    return Sight::Unsure;
+}
+
+/// Whether the camera has to leave the other brush at some stop and may see the target from there.
+bool TargetPass::NeedsEveryPick(std::int32_t other) {
+    if (askedMoved_ == other) return answerMoved_;
+    askedMoved_ = other;
+    const PickBrush& standing = BrushAt(other);
+    const Point3 away{orbit_->centre.x - standing.centre.x, orbit_->centre.y - standing.centre.y,
+                      orbit_->centre.z - standing.centre.z};
+    const double reach =
+        standing.radius + std::sqrt(away.x * away.x + away.y * away.y + away.z * away.z);
+    answerMoved_ = false;
+    if (reach < 0.99 * orbit_->distance) return false;  // no stop lies as near as the other brush
+    for (std::size_t stop = 0; stop < views_.size() && !answerMoved_; ++stop) {
+        answerMoved_ = IsInside(standing, views_[stop].eye) &&
+                       LookFromOutside(stop, standing) == Sight::Unsure;
+    }
+    return answerMoved_;
+}
+
+/// The pair picked stop by stop: which polygons are seen.
+const std::vector<bool>& TargetPass::PickAll(std::int32_t other) {
+    if (pickedBeside_ == other) return picked_;
+    pickedBeside_ = other;
+    const PickBrush& standing = BrushAt(other);
+    picked_.assign(polygonCount_, false);
+    for (const CameraStop& stop : scene_.stops) {
+        const StopView view = ViewBeside(scene_.camera, stop, *orbit_, standing);
+        const std::int32_t face = PickAtStop(view, *brush_, *invisible_, standing);
+        if (face >= 0) picked_[polygonOf_[static_cast<std::size_t>(face)]] = true;
+        ongoing_ = watch_->GoOn(brush_->triangles.size() + standing.triangles.size());
+        if (!ongoing_) break;
+    }
+    return picked_;
+}
+
+class FastEngine final : public OptimizeEngine {
+  public:
+    FastEngine(const Scene& scene, const OptimizeOptions& options)
+        : scene_{StopCamera(options), CameraStops(options), PickBrushes(scene), Orbits(scene),
+                 BrushTree(BoundsOf(scene))},
+          pass_(scene_) {}
+
+    bool OptimizeBrush(std::int32_t brush, std::vector<bool>& invisible,
+                       OptimizeWatch& watch) override {
+        return pass_.Run(brush, invisible, watch);
+    }
+
+  private:
+    static std::vector<PickBrush> PickBrushes(const Scene& scene) {
+        std::vector<PickBrush> brushes;
+        for (const Brush& brush : scene.brushes) brushes.push_back(MakePickBrush(brush));
+        return brushes;
+    }
+    static std::vector<OrbitTarget> Orbits(const Scene& scene) {
+        std::vector<OrbitTarget> orbits;
+        for (const Brush& brush : scene.brushes) orbits.push_back(OrbitOf(brush));
+        return orbits;
+    }
+
+    SampledScene scene_;
+    TargetPass pass_;
+};
+
+}  // namespace
+
+std::unique_ptr<OptimizeEngine> MakeFastEngine(const Scene& scene, const OptimizeOptions& options) {
+    return std::make_unique<FastEngine>(scene, options);
+}
+
+}  // namespace korvane
