@@ -52,12 +52,54 @@ std::size_t SpreadStep(std::size_t n) {
     return step;
 }
 
-double Along(const Vec3& back, const Point3& p) {
-    return back.x * p.x + back.y * p.y + back.z * p.z;
-}
-
 double LargestCoordinate(const Vec3& p) {
     return std::max({std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+}
+
+/// A line of sight from an eye to something at a distance.
+struct SightLine {
+    Point3 eye;
+    Point3 back;          ///< from the other end to the eye, of unit length
+    double zNear = 0;     ///< nothing nearer is seen
+    double distance = 0;  ///< to the other end
+    double reach = 0;     ///< of the pixel from the line, rounding included
+    double room = 0;      ///< for rounding
+};
+
+/// The part of a line that lies within a solid, as distances from the eye.
+struct Passage {
+    double from = 0;
+    double to = 0;
+};
+
+/// `room`: how far before its planes the solid still counts.
+Passage PassageThrough(const ConvexSolid& solid, const SightLine& line, double room) {
+    constexpr double kParallel = 1e-9;
+    Passage passage{-1e30, 1e30};
+    for (const SolidPlane& plane : solid.planes) {
+        const double slope = Dot(plane.normal, line.back);
+        const double before = plane.Side(line.eye) - room;
+        if (slope > kParallel) {
+            passage.from = std::max(passage.from, before / slope);
+        } else if (slope < -kParallel) {
+            passage.to = std::min(passage.to, before / slope);
+        } else if (before > 0) {
+            return {1, -1};
+        }
+    }
+    return passage;
+}
+
+/// Whether a solid stands in a line of sight, where that is clear without looking at the pixel.
+Sight LookThrough(const ConvexSolid& solid, const SightLine& line) {
+    const Passage wide = PassageThrough(solid, line, line.reach + solid.excess);
+    if (wide.from > wide.to || wide.from > line.distance * kDepthRoom + line.room || wide.to < 0) {
+        return Sight::Free;
+    }
+    if (wide.from < 2 * line.zNear) return Sight::Unsure;
+    const Passage sure = PassageThrough(solid, line, -(line.room + solid.excess));
+    const bool clear = sure.from < sure.to && sure.from * kDepthRoom + line.room < line.distance;
+    return clear ? Sight::Blocked : Sight::Unsure;
 }
 
 /// The work on one target. Kept from target to target for the memory of its lists.
@@ -92,6 +134,7 @@ class TargetPass {
     void NumberPolygons();
     bool LookAround();
     void LookFrom(const StopView& view);
+    void SortHits(std::size_t first);
     void FindWinners();
     std::int32_t WinnerAt(std::size_t stop) const;
     void ApplyPair(std::int32_t other);
@@ -119,9 +162,10 @@ class TargetPass {
     std::vector<std::int32_t> winners_;  ///< place in hitList_, or kNone
     std::vector<StopHit> hitList_;
     std::vector<ClipPoint> clip_;  ///< the target's points as one stop sees them
-    std::vector<unsigned> outside_;
+    std::vector<unsigned> beside_;
 
     std::vector<std::size_t> firstStop_;  ///< by polygon: its stretch of stopList_
+    std::vector<std::size_t> nextStop_;   ///< where the polygon's next stop goes
     std::vector<std::size_t> stopList_;   ///< stops at which the polygon is nearest
     std::vector<std::int32_t> candidates_;
 
@@ -167,23 +211,34 @@ bool TargetPass::LookAround() {
 
 void TargetPass::LookFrom(const StopView& view) {
     clip_.resize(brush_->points.size());
-    outside_.resize(brush_->points.size());
+    beside_.resize(brush_->points.size());
     for (std::size_t i = 0; i < brush_->points.size(); ++i) {
-        clip_[i] = ToClip(view, brush_->points[i]);
-        outside_[i] = OutsideOf(clip_[i]);
+        clip_[i] = ToClipXYW(view, brush_->points[i]);
+        beside_[i] = BesidePixel(clip_[i]);
     }
     const std::size_t first = hitList_.size();
     for (const PickTriangle& triangle : brush_->triangles) {
         const auto [a, b, c] = triangle.corners;
-        if (outside_[a] & outside_[b] & outside_[c]) continue;
+        if (beside_[a] & beside_[b] & beside_[c]) continue;
         if (!(triangle.Side(view.eye) > 0)) continue;
-        const PixelHit hit =
-            HitInPixel(clip_[a], clip_[b], clip_[c], outside_[a] | outside_[b] | outside_[c]);
+        const PixelHit hit = HitInPixel(view, *brush_, triangle, {clip_[a], clip_[b], clip_[c]},
+                                        beside_[a] | beside_[b] | beside_[c]);
         if (hit.depth != kMissed) hitList_.push_back({triangle.face, hit.depth, hit.distance});
     }
-    std::stable_sort(hitList_.begin() + static_cast<std::ptrdiff_t>(first), hitList_.end(),
-                     [](const StopHit& x, const StopHit& y) { return x.depth < y.depth; });
+    SortHits(first);
     hits_.push_back({first, hitList_.size() - first});
+}
+
+/// Nearest first, faces of equal depth in their order. There is rarely more than one.
+void TargetPass::SortHits(std::size_t first) {
+    for (std::size_t i = first + 1; i < hitList_.size(); ++i) {
+        const StopHit hit = hitList_[i];
+        std::size_t place = i;
+        for (; place > first && hit.depth < hitList_[place - 1].depth; --place) {
+            hitList_[place] = hitList_[place - 1];
+        }
+        hitList_[place] = hit;
+    }
 }
 
 std::int32_t TargetPass::WinnerAt(std::size_t stop) const {
@@ -210,9 +265,9 @@ void TargetPass::FindWinners() {
     }
     std::partial_sum(firstStop_.begin(), firstStop_.end(), firstStop_.begin());
     stopList_.resize(firstStop_.back());
-    std::vector<std::size_t> next(firstStop_.begin(), firstStop_.end() - 1);
+    nextStop_.assign(firstStop_.begin(), firstStop_.end() - 1);
     for (std::size_t stop = 0; stop < hits_.size(); ++stop) {
-        if (winners_[stop] != kNone) stopList_[next[polygonAt(stop)]++] = stop;
+        if (winners_[stop] != kNone) stopList_[nextStop_[polygonAt(stop)]++] = stop;
     }
     pickedBeside_ = kNone;
 }
@@ -303,15 +358,21 @@ bool TargetPass::IsSeenBeside(std::size_t polygon, std::int32_t other) {
 Sight TargetPass::LookPast(std::size_t stop, const PickBrush& other) {
     const StopView& view = views_[stop];
     const StopHit& hit = hitList_[static_cast<std::size_t>(winners_[stop])];
-    const Point3 away{view.eye.x - other.centre.x, view.eye.y - other.centre.y,
-                      view.eye.z - other.centre.z};
-    const double along = Along(scene_.stops[stop].back, away);
-    const double apart = away.x * away.x + away.y * away.y + away.z * away.z - along * along;
+    const Point3 back = ToPoint3(scene_.stops[stop].back);
+    const Point3 away = Along(ToPoint3(view.eye), other.centre, -1);
+    const double along = Dot(back, away);
+    const double apart = Dot(away, away) - along * along;
     const double room = SightRoom(view);
-    const double reach = other.radius + hit.distance * scene_.camera.PixelReach() + room;
-    if (apart > reach * reach || along < -reach) return Sight::Free;
+    const double reach = hit.distance * scene_.camera.PixelReach() + room;
+    const double within = other.radius + reach;
+    if (apart > within * within || along < -within) return Sight::Free;
     if (along - other.radius > hit.distance * kDepthRoom + room) return Sight::Free;
     if (IsInside(other, view.eye)) return LookFromOutside(stop, other);
+    if (!other.solid.planes.empty()) {
+        const Sight sight = LookThrough(
+            other.solid, {ToPoint3(view.eye), back, view.range.zNear, hit.distance, reach, room});
+        if (sight != Sight::Unsure) return sight;
+    }
     for (const PickTriangle& triangle : other.triangles) {
         if (HitTriangle(view, other, triangle).depth < hit.depth) return Sight::Blocked;
     }
@@ -337,10 +398,8 @@ bool TargetPass::NeedsEveryPick(std::int32_t other) {
     if (askedMoved_ == other) return answerMoved_;
     askedMoved_ = other;
     const PickBrush& standing = BrushAt(other);
-    const Point3 away{orbit_->centre.x - standing.centre.x, orbit_->centre.y - standing.centre.y,
-                      orbit_->centre.z - standing.centre.z};
-    const double reach =
-        standing.radius + std::sqrt(away.x * away.x + away.y * away.y + away.z * away.z);
+    const Point3 away = Along(ToPoint3(orbit_->centre), standing.centre, -1);
+    const double reach = standing.radius + std::sqrt(Dot(away, away));
     answerMoved_ = false;
     if (reach < 0.99 * orbit_->distance) return false;  // no stop lies as near as the other brush
     for (std::size_t stop = 0; stop < views_.size() && !answerMoved_; ++stop) {

@@ -7,56 +7,42 @@
 namespace korvane {
 namespace {
 
-constexpr int kPlanes = 6;
-constexpr std::size_t kMaxCorners = 3 + kPlanes;
-
-/// How far inside a clip plane a point lies: +x, -x, +y, -y, near, far.
-float Inside(const ClipPoint& p, int plane) {
-    switch (plane) {
-        case 0:
-            return p.w - p.x;
-        case 1:
-            return p.w + p.x;
-        case 2:
-            return p.w - p.y;
-        case 3:
-            return p.w + p.y;
-        case 4:
-            return p.w + p.z;
-        default:
-            return p.w - p.z;
-    }
-}
+constexpr std::size_t kMaxCorners = 3 + kClipPlanes;
 
 ClipPoint Between(const ClipPoint& in, const ClipPoint& out, float t) {
     return {in.x + t * (out.x - in.x), in.y + t * (out.y - in.y), in.z + t * (out.z - in.z),
             in.w + t * (out.w - in.w)};
 }
 
+/// Corners of a polygon while it is clipped; convex, so that a plane adds one at most.
 struct ClipPolygon {
     std::array<ClipPoint, kMaxCorners> corners;
-    std::size_t count = 0;
-
-    void Add(const ClipPoint& p) {
-        if (count < kMaxCorners) corners[count++] = p;
-    }
+    std::size_t count;
 };
 
-ClipPolygon Clipped(const ClipPolygon& polygon, int plane) {
-    ClipPolygon kept;
-    ClipPoint previous = polygon.corners[polygon.count - 1];
-    float before = Inside(previous, plane);
+/// Writes what lies inside of the plane to `kept`.
+template <int Plane>
+void Clip(const ClipPolygon& polygon, ClipPolygon& kept) {
+    std::size_t count = 0;
+    const auto add = [&](const ClipPoint& p) {
+        if (count < kMaxCorners) kept.corners[count++] = p;
+    };
+    const ClipPoint* previous = &polygon.corners[polygon.count - 1];
+    float before = InsideOf<Plane>(*previous);
     for (std::size_t i = 0; i < polygon.count; ++i) {
-        const ClipPoint& corner = polygon.corners[i];
-        const float now = Inside(corner, plane);
-        if (before >= 0 && now < 0) kept.Add(Between(previous, corner, before / (before - now)));
-        if (before < 0 && now >= 0) kept.Add(Between(corner, previous, now / (now - before)));
-        if (now >= 0) kept.Add(corner);
+        const ClipPoint* corner = &polygon.corners[i];
+        const float now = InsideOf<Plane>(*corner);
+        if (before >= 0 && now < 0) add(Between(*previous, *corner, before / (before - now)));
+        if (before < 0 && now >= 0) add(Between(*corner, *previous, now / (now - before)));
+        if (now >= 0) add(*corner);
         previous = corner;
         before = now;
     }
-    return kept;
+    kept.count = count;
 }
+
+using ClipBy = void (*)(const ClipPolygon&, ClipPolygon&);
+constexpr ClipBy kClipBy[kClipPlanes] = {Clip<0>, Clip<1>, Clip<2>, Clip<3>, Clip<4>, Clip<5>};
 
 PickDepth DepthOf(const ClipPoint& p) {
     const float depth = p.z * (1 / p.w) * 0.5F + 0.5F;
@@ -75,13 +61,16 @@ double WayOut(const PickBrush& brush, const Vec3& eye, const Vec3& back) {
     double way = -1;
     for (const PickTriangle& triangle : brush.triangles) {
         const Point3& n = triangle.normal;
-        const double slope = n.x * back.x + n.y * back.y + n.z * back.z;
+        const double slope = Dot(n, ToPoint3(back));
         if (slope <= 0) continue;
         const double crossing = std::max(-triangle.Side(eye) / slope, 0.0);
         if (way < 0 || crossing < way) way = crossing;
     }
     return way <= 2 * brush.radius ? way : -1;  // an open brush may have no way out
 }
+
+/// More planes take longer than the triangles of the brush that come near a line of sight.
+constexpr std::size_t kMaxSolidPlanes = 32;
 
 /// A camera that has moved out stands this much further from the target than where it left.
 constexpr double kMoveOut = 1.1;
@@ -110,30 +99,35 @@ PickBrush MakePickBrush(const Brush& brush) {
         const Vec3& p = made.points[t.corners[0]];
         const Vec3& q = made.points[t.corners[1]];
         const Vec3& r = made.points[t.corners[2]];
-        const Point3 u{double{q.x} - p.x, double{q.y} - p.y, double{q.z} - p.z};
-        const Point3 v{double{r.x} - p.x, double{r.y} - p.y, double{r.z} - p.z};
-        t.normal = {u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
-        t.offset = t.normal.x * p.x + t.normal.y * p.y + t.normal.z * p.z;
+        const Point3 u = Along(ToPoint3(q), ToPoint3(p), -1);
+        const Point3 v = Along(ToPoint3(r), ToPoint3(p), -1);
+        t.normal = Cross(u, v);
+        t.offset = Dot(t.normal, ToPoint3(p));
         if (t.normal.x != 0 || t.normal.y != 0 || t.normal.z != 0) made.triangles.push_back(t);
     }
+    made.solid = FindSolid(brush, kMaxSolidPlanes);
     return made;
 }
 
-unsigned OutsideOf(const ClipPoint& p) {
-    unsigned outside = 0;
-    for (int plane = 0; plane < kPlanes; ++plane) {
-        outside |= static_cast<unsigned>(Inside(p, plane) < 0) << plane;
+PixelHit HitInPixel(const StopView& view, const PickBrush& brush, const PickTriangle& triangle,
+                    const ClipPoint (&xyw)[3], unsigned beside) {
+    ClipPolygon polygons[2];
+    std::size_t now = 0;
+    unsigned outside = beside;
+    for (std::size_t i = 0; i < 3; ++i) {
+        ClipPoint& corner = polygons[0].corners[i];
+        corner = xyw[i];
+        corner.z = ToClipZ(view, brush.points[triangle.corners[i]]);
+        outside |= OutOfRange(corner);
     }
-    return outside;
-}
-
-PixelHit HitInPixel(const ClipPoint& a, const ClipPoint& b, const ClipPoint& c, unsigned outside) {
-    ClipPolygon polygon{{a, b, c}, 3};
-    for (int plane = 0; plane < kPlanes; ++plane) {
+    polygons[0].count = 3;
+    for (int plane = 0; plane < kClipPlanes; ++plane) {
         if ((outside >> plane & 1) == 0) continue;
-        polygon = Clipped(polygon, plane);
-        if (polygon.count < 3) return {};
+        kClipBy[plane](polygons[now], polygons[1 - now]);
+        now = 1 - now;
+        if (polygons[now].count < 3) return {};
     }
+    const ClipPolygon& polygon = polygons[now];
     PixelHit hit;
     for (std::size_t i = 0; i < polygon.count; ++i) {
         const PickDepth depth = DepthOf(polygon.corners[i]);
@@ -144,12 +138,13 @@ PixelHit HitInPixel(const ClipPoint& a, const ClipPoint& b, const ClipPoint& c, 
 
 PixelHit HitTriangle(const StopView& view, const PickBrush& brush, const PickTriangle& triangle) {
     if (!(triangle.Side(view.eye) > 0)) return {};
-    const ClipPoint a = ToClip(view, brush.points[triangle.corners[0]]);
-    const ClipPoint b = ToClip(view, brush.points[triangle.corners[1]]);
-    const ClipPoint c = ToClip(view, brush.points[triangle.corners[2]]);
-    const unsigned outside[] = {OutsideOf(a), OutsideOf(b), OutsideOf(c)};
-    if (outside[0] & outside[1] & outside[2]) return {};
-    return HitInPixel(a, b, c, outside[0] | outside[1] | outside[2]);
+    const auto corner = [&](std::size_t i) {
+        return ToClipXYW(view, brush.points[triangle.corners[i]]);
+    };
+    const ClipPoint xyw[] = {corner(0), corner(1), corner(2)};
+    const unsigned beside[] = {BesidePixel(xyw[0]), BesidePixel(xyw[1]), BesidePixel(xyw[2])};
+    if (beside[0] & beside[1] & beside[2]) return {};
+    return HitInPixel(view, brush, triangle, xyw, beside[0] | beside[1] | beside[2]);
 }
 
 bool IsInside(const PickBrush& brush, const Vec3& eye) {

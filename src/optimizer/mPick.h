@@ -6,6 +6,7 @@
 #include <limits>
 #include <vector>
 
+#include "optimizer/mSolid.h"
 #include "optimizer/mStops.h"
 #include "scene/mNormals.h"
 
@@ -16,13 +17,6 @@ struct ClipPoint {
     float x, y, z, w;
 };
 
-/// A point or direction in 64-bit floats.
-struct Point3 {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-};
-
 /// Part of a brush that can be hit: a triangle with an area.
 struct PickTriangle {
     std::uint32_t corners[3]{};  ///< places in PickBrush::points
@@ -31,9 +25,7 @@ struct PickTriangle {
     double offset = 0;           ///< normal . corner
 
     /// Above 0 in front of the triangle, not in units of length.
-    double Side(const Vec3& p) const {
-        return normal.x * p.x + normal.y * p.y + normal.z * p.z - offset;
-    }
+    double Side(const Vec3& p) const { return Dot(normal, ToPoint3(p)) - offset; }
 };
 
 /// A brush ready to be picked at.
@@ -44,6 +36,7 @@ struct PickBrush {
     Bounds bounds;
     Point3 centre;  ///< of the bounds
     double radius = 0;
+    ConvexSolid solid;  ///< without planes unless the brush is one of few planes
 };
 
 /// Prepares a brush. Faces without an area, or of vertices that the brush lacks, are left out.
@@ -59,21 +52,50 @@ struct PixelHit {
     float distance = 0;         ///< of that point from the eye, along the axis of the view
 };
 
-/// The point in clip coordinates.
-inline ClipPoint ToClip(const StopView& view, const Vec3& p) {
+/// The point in clip coordinates, without its z.
+inline ClipPoint ToClipXYW(const StopView& view, const Vec3& p) {
     const auto& m = view.clip;
     return {((p.x * m[0] + p.y * m[4]) + p.z * m[8]) + m[12],
-            ((p.x * m[1] + p.y * m[5]) + p.z * m[9]) + m[13],
-            ((p.x * m[2] + p.y * m[6]) + p.z * m[10]) + m[14],
+            ((p.x * m[1] + p.y * m[5]) + p.z * m[9]) + m[13], 0,
             ((p.x * m[3] + p.y * m[7]) + p.z * m[11]) + m[15]};
 }
 
-/// The clip planes that a point lies outside of, as bits.
-unsigned OutsideOf(const ClipPoint& p);
+/// What ToClipXYW left out; few points need it.
+inline float ToClipZ(const StopView& view, const Vec3& p) {
+    const auto& m = view.clip;
+    return ((p.x * m[2] + p.y * m[6]) + p.z * m[10]) + m[14];
+}
 
-/// What the pixel meets of a triangle that is turned to the eye. `outside` holds the planes that at
-/// least one corner lies outside of; that all corners lie outside of one has been ruled out.
-PixelHit HitInPixel(const ClipPoint& a, const ClipPoint& b, const ClipPoint& c, unsigned outside);
+/// The clip planes in their order: +x, -x, +y, -y, near, far.
+inline constexpr int kClipPlanes = 6;
+
+/// How far inside of a clip plane the point lies; below 0 outside.
+template <int Plane>
+float InsideOf(const ClipPoint& p) {
+    static_assert(Plane >= 0 && Plane < kClipPlanes);
+    if constexpr (Plane == 0) return p.w - p.x;
+    if constexpr (Plane == 1) return p.w + p.x;
+    if constexpr (Plane == 2) return p.w - p.y;
+    if constexpr (Plane == 3) return p.w + p.y;
+    if constexpr (Plane == 4) return p.w + p.z;
+    if constexpr (Plane == 5) return p.w - p.z;
+}
+
+/// The first four of the planes that a point lies outside of, as bits: it lies beside the pixel.
+inline unsigned BesidePixel(const ClipPoint& p) {
+    return unsigned{InsideOf<0>(p) < 0} | unsigned{InsideOf<1>(p) < 0} << 1 |
+           unsigned{InsideOf<2>(p) < 0} << 2 | unsigned{InsideOf<3>(p) < 0} << 3;
+}
+
+/// The last two of them: it lies before or behind what can be seen.
+inline unsigned OutOfRange(const ClipPoint& p) {
+    return unsigned{InsideOf<4>(p) < 0} << 4 | unsigned{InsideOf<5>(p) < 0} << 5;
+}
+
+/// What the pixel meets of a triangle that is turned to the eye, given its corners without their z
+/// and the planes that at least one of them lies beside.
+PixelHit HitInPixel(const StopView& view, const PickBrush& brush, const PickTriangle& triangle,
+                    const ClipPoint (&xyw)[3], unsigned beside);
 
 /// The same for a triangle that may be turned away or lie beside the pixel.
 PixelHit HitTriangle(const StopView& view, const PickBrush& brush, const PickTriangle& triangle);
