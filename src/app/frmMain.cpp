@@ -8,6 +8,7 @@
 #include "app/frmArbitrarySize.h"
 #include "app/frmFreeRotate.h"
 #include "app/frmMultiply.h"
+#include "app/frmOptimize.h"
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/mCommandActions.h"
@@ -113,6 +114,9 @@ void frmMain::OpenForm(Form form) {
             break;
         case Form::Multiply:
             OpenModeless(multiply_);
+            break;
+        case Form::Optimize:
+            frmOptimize(editor_, context_, this).exec();
             break;
     }
 }

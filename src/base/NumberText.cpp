@@ -47,6 +47,15 @@ std::string FormatPadded(std::int64_t value, int digits) {
     return value < 0 ? "-" + text : text;
 }
 
+std::string FormatGrouped(std::int64_t value) {
+    std::string text = std::to_string(value);
+    const std::ptrdiff_t firstDigit = value < 0 ? 1 : 0;
+    for (std::ptrdiff_t at = std::ssize(text) - 3; at > firstDigit; at -= 3) {
+        text.insert(static_cast<std::size_t>(at), 1, ',');
+    }
+    return text;
+}
+
 std::string FormatGeneral(float value) {
     if (value == 0) return "0";
     std::array<char, 64> buffer;

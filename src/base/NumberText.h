@@ -15,6 +15,9 @@ std::string FormatFixed(double value, int minDecimals, int maxDecimals);
 /// value in decimal, padded with zeros to at least `digits` digits and never cut ("0000").
 std::string FormatPadded(std::int64_t value, int digits);
 
+/// value with a comma between every three digits ("###,###,##0").
+std::string FormatGrouped(std::int64_t value);
+
 /// value in the shortest general form that reads back to the same 32-bit float.
 std::string FormatGeneral(float value);
 

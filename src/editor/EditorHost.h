@@ -38,7 +38,7 @@ constexpr unsigned RedrawSelection(int view) {
 }
 
 /// Windows that a command opens.
-enum class Form { ArbitrarySize, Select, FreeRotate, Multiply };
+enum class Form { ArbitrarySize, Select, FreeRotate, Multiply, Optimize };
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.
 class EditorHost {

@@ -51,7 +51,7 @@ class OptimizeWatch {
     }
 
     OptimizePoll poll_;
-    std::size_t work_ = 0;
+    std::size_t work_ = kWorkBetweenLooks;  ///< the first call looks at once
     bool ended_ = false;
     std::chrono::steady_clock::time_point lastPoll_{};
 };

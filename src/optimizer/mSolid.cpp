@@ -10,6 +10,9 @@ namespace {
 
 using Corners = std::array<std::uint32_t, 3>;
 
+/// Corners times planes beyond which a brush isn't looked into: twice those of the largest sphere.
+constexpr std::size_t kMostTests = std::size_t{1} << 25;
+
 /// A triangle with an area.
 struct Side {
     Corners corners{};
@@ -104,12 +107,52 @@ void AddPlanes(const Brush& brush, std::vector<Side>::const_iterator first,
     }
 }
 
+/// A box around a few vertices that follow each other, which mostly lie side by side.
+struct VertexBox {
+    std::size_t first = 0;
+    std::size_t last = 0;
+    Point3 centre;
+    Point3 half;
+
+    /// How far the box reaches before the plane.
+    double Reach(const SolidPlane& plane) const {
+        const Point3& n = plane.normal;
+        return plane.Side(centre) + std::fabs(n.x) * half.x + std::fabs(n.y) * half.y +
+               std::fabs(n.z) * half.z;
+    }
+};
+
+std::vector<VertexBox> BoxesOf(const std::vector<Point3>& points) {
+    constexpr std::size_t kInBox = 16;
+    std::vector<VertexBox> boxes;
+    for (std::size_t first = 0; first < points.size(); first += kInBox) {
+        VertexBox box{first, std::min(first + kInBox, points.size()), {}, {}};
+        Point3 low = points[first];
+        Point3 high = low;
+        for (std::size_t i = first; i < box.last; ++i) {
+            const Point3& p = points[i];
+            low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
+            high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
+        }
+        box.centre = Along(Along({}, low, 0.5), high, 0.5);
+        box.half = Along(high, box.centre, -1);
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
 /// How far a corner lies before a plane, at most; stops looking beyond kTouching.
 double LargestExcess(const Brush& brush, const std::vector<SolidPlane>& planes) {
+    std::vector<Point3> points;
+    for (const Vertex& vertex : brush.vertices) points.push_back(ToPoint3(vertex.Position()));
+    const std::vector<VertexBox> boxes = BoxesOf(points);
     double excess = 0;
     for (const SolidPlane& plane : planes) {
-        for (const Vertex& vertex : brush.vertices) {
-            excess = std::max(excess, plane.Side(ToPoint3(vertex.Position())));
+        for (const VertexBox& box : boxes) {
+            if (box.Reach(plane) <= excess) continue;
+            for (std::size_t i = box.first; i < box.last; ++i) {
+                excess = std::max(excess, plane.Side(points[i]));
+            }
         }
         if (!(excess <= kTouching)) break;
     }
@@ -133,6 +176,7 @@ ConvexSolid FindSolid(const Brush& brush, std::size_t maxPlanes) {
         first = last;
     }
     if (solid.planes.size() < 4 || solid.planes.size() > maxPlanes) return {};
+    if (solid.planes.size() * brush.vertices.size() > kMostTests) return {};
     solid.excess = LargestExcess(brush, solid.planes);
     if (!(solid.excess <= kTouching)) return {};
     return solid;

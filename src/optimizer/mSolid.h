@@ -48,7 +48,8 @@ struct ConvexSolid {
 
 /// The solid of a brush whose faces close it, look outward and bulge inward nowhere by more than
 /// kTouching; else one without planes. A polygon gives one plane if it is flat. With more planes
-/// than `maxPlanes` the brush is not looked into.
+/// than `maxPlanes`, or more planes and corners than any brush that is built here, the brush is not
+/// looked into.
 ConvexSolid FindSolid(const Brush& brush, std::size_t maxPlanes);
 
 }  // namespace korvane
