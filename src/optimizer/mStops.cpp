@@ -51,13 +51,13 @@ CameraStop StopAt(float pitch, float yaw) {
     return stop;
 }
 
-/// The fixed range where it holds everything from `closest` to `farthest`. Otherwise both ends move
-/// together: the ratio of far to near is what the resolution of depth hangs on.
+/// The fixed range where it holds everything from `closest` to `farthest`. Otherwise one that ends
+/// behind the farthest. Both ends move together: on the ratio of far to near hangs the resolution
+/// of depth, and a near plane close to the target would cut away what stands before it.
 ClipRange RangeFor(double closest, double farthest) {
-    double scale = 1;
-    if (farthest > kFixedRange.zFar) scale = farthest * kRangeRoom / kFixedRange.zFar;
-    if (closest < kFixedRange.zNear) scale = closest / kRangeRoom / kFixedRange.zNear;
-    if (!(scale > 0)) scale = 1;  // a target without size: nothing of it can be hit
+    const bool fits = closest >= kFixedRange.zNear && farthest <= kFixedRange.zFar;
+    const double scale = fits ? 1 : farthest * kRangeRoom / kFixedRange.zFar;
+    if (!(scale > 0)) return kFixedRange;  // a target without size: nothing of it can be hit
     return {kFixedRange.zNear * scale, kFixedRange.zFar * scale};
 }
 

@@ -75,10 +75,10 @@ inline Brush& AddRandomBrush(SceneMaker& made, Dice& dice, const Vec3& at, float
     constexpr BrushShape kShapes[] = {Box, Box, Cone, Sphere};
     const BrushShape shape = kShapes[dice.Roll(4)];
     const int sides = shape == Sphere ? 4 + dice.Roll(5) : 3 + dice.Roll(10);
-    Brush& brush = made.Create(
-        shape, sides, at,
-        {at.x + dice.Between(0.3F, 1) * size, at.y + dice.Between(0.3F, 1) * size,
-         at.z + dice.Between(0.3F, 1) * size});
+    Brush& brush =
+        made.Create(shape, sides, at,
+                    {at.x + dice.Between(0.3F, 1) * size, at.y + dice.Between(0.3F, 1) * size,
+                     at.z + dice.Between(0.3F, 1) * size});
     if (dice.Roll(2) == 0) {
         const Turn turn = TurnAbout(at, dice.Between(0, 360), dice.Between(0, 360), 0);
         TurnBrush(brush, turn, made.Space());
