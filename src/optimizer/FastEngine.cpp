@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "optimizer/BrushTree.h"
-#include "optimizer/mPick.h"
+#include "optimizer/TargetSight.h"
 
 namespace korvane {
 namespace {
@@ -30,19 +30,6 @@ struct SampledScene {
     BrushTree tree;
 };
 
-/// A face that is met at a stop.
-struct StopHit {
-    std::int32_t face = 0;
-    PickDepth depth = kMissed;
-    float distance = 0;  ///< from the eye
-};
-
-/// The faces that are met at a stop, nearest first: a stretch of a list.
-struct StopHits {
-    std::size_t first = 0;
-    std::size_t count = 0;
-};
-
 enum class Sight { Free, Blocked, Unsure };
 
 /// A step through n places that comes by each once and spreads from the start.
@@ -61,7 +48,8 @@ struct SightLine {
     Point3 eye;
     Point3 back;          ///< from the other end to the eye, of unit length
     double zNear = 0;     ///< nothing nearer is seen
-    double distance = 0;  ///< to the other end
+    double nearest = 0;   ///< the other end lies no nearer than this
+    double distance = 0;  ///< and no further than this
     double reach = 0;     ///< of the pixel from the line, rounding included
     double room = 0;      ///< for rounding
 };
@@ -98,19 +86,20 @@ Sight LookThrough(const ConvexSolid& solid, const SightLine& line) {
     }
     if (wide.from < 2 * line.zNear) return Sight::Unsure;
     const Passage sure = PassageThrough(solid, line, -(line.room + solid.excess));
-    const bool clear = sure.from < sure.to && sure.from * kDepthRoom + line.room < line.distance;
+    const bool clear = sure.from < sure.to && sure.from * kDepthRoom + line.room < line.nearest;
     return clear ? Sight::Blocked : Sight::Unsure;
 }
 
 /// The work on one target. Kept from target to target for the memory of its lists.
 class TargetPass {
   public:
-    explicit TargetPass(const SampledScene& scene) : scene_(scene) {}
+    explicit TargetPass(const SampledScene& scene)
+        : scene_(scene), sight_(scene.camera, scene.stops) {}
 
     bool Run(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch) {
         if (scene_.brushes.size() < 2) return true;
         Start(target, invisible, watch);
-        if (!LookAround()) return false;
+        if (!sight_.LookAround(*brush_, *orbit_, watch)) return false;
         FindWinners();
         // Until two pairs are through, faces may turn visible and polygons may turn hidden that no
         // brush covers.
@@ -132,11 +121,11 @@ class TargetPass {
 
     void Start(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch);
     void NumberPolygons();
-    bool LookAround();
-    void LookFrom(const StopView& view);
-    void SortHits(std::size_t first);
     void FindWinners();
-    std::int32_t WinnerAt(std::size_t stop) const;
+    StopHit* WinnerAt(std::size_t stop);
+    std::size_t FaceOf(const StopHit& hit) const {
+        return static_cast<std::size_t>(brush_->triangles[hit.triangle].face);
+    }
     void ApplyPair(std::int32_t other);
     void HideCovered(std::int32_t last);
     std::int32_t FirstHider(std::size_t polygon, std::int32_t after);
@@ -157,12 +146,8 @@ class TargetPass {
 
     std::vector<std::size_t> polygonOf_;  ///< by face
     std::size_t polygonCount_ = 0;
-    std::vector<StopView> views_;  ///< by stop, as the next ones
-    std::vector<StopHits> hits_;
-    std::vector<std::int32_t> winners_;  ///< place in hitList_, or kNone
-    std::vector<StopHit> hitList_;
-    std::vector<ClipPoint> clip_;  ///< the target's points as one stop sees them
-    std::vector<unsigned> beside_;
+    TargetSight sight_;
+    std::vector<StopHit*> winners_;  ///< by stop; null where nothing visible is met
 
     std::vector<std::size_t> firstStop_;  ///< by polygon: its stretch of stopList_
     std::vector<std::size_t> nextStop_;   ///< where the polygon's next stop goes
@@ -196,78 +181,27 @@ void TargetPass::NumberPolygons() {
     polygonCount_ = numbers.size();
 }
 
-/// Finds the target's faces at every stop, the invisible ones too: whether they count changes.
-bool TargetPass::LookAround() {
-    views_.clear();
-    hits_.clear();
-    hitList_.clear();
-    for (const CameraStop& stop : scene_.stops) {
-        views_.push_back(scene_.camera.ViewAt(stop, *orbit_));
-        LookFrom(views_.back());
-        if (!watch_->GoOn(brush_->triangles.size())) return false;
+StopHit* TargetPass::WinnerAt(std::size_t stop) {
+    for (StopHit& hit : sight_.HitsAt(stop)) {
+        if (!(*invisible_)[FaceOf(hit)]) return &hit;
     }
-    return true;
-}
-
-void TargetPass::LookFrom(const StopView& view) {
-    clip_.resize(brush_->points.size());
-    beside_.resize(brush_->points.size());
-    for (std::size_t i = 0; i < brush_->points.size(); ++i) {
-        clip_[i] = ToClipXYW(view, brush_->points[i]);
-        beside_[i] = BesidePixel(clip_[i]);
-    }
-    const std::size_t first = hitList_.size();
-    for (const PickTriangle& triangle : brush_->triangles) {
-        const auto [a, b, c] = triangle.corners;
-        if (beside_[a] & beside_[b] & beside_[c]) continue;
-        if (!(triangle.Side(view.eye) > 0)) continue;
-        const PixelHit hit = HitInPixel(view, *brush_, triangle, {clip_[a], clip_[b], clip_[c]},
-                                        beside_[a] | beside_[b] | beside_[c]);
-        if (hit.depth != kMissed) hitList_.push_back({triangle.face, hit.depth, hit.distance});
-    }
-    SortHits(first);
-    hits_.push_back({first, hitList_.size() - first});
-}
-
-/// Nearest first, faces of equal depth in their order. There is rarely more than one.
-void TargetPass::SortHits(std::size_t first) {
-    for (std::size_t i = first + 1; i < hitList_.size(); ++i) {
-        const StopHit hit = hitList_[i];
-        std::size_t place = i;
-        for (; place > first && hit.depth < hitList_[place - 1].depth; --place) {
-            hitList_[place] = hitList_[place - 1];
-        }
-        hitList_[place] = hit;
-    }
-}
-
-std::int32_t TargetPass::WinnerAt(std::size_t stop) const {
-    const StopHits& hits = hits_[stop];
-    for (std::size_t i = hits.first; i < hits.first + hits.count; ++i) {
-        if (!(*invisible_)[static_cast<std::size_t>(hitList_[i].face)]) {
-            return static_cast<std::int32_t>(i);
-        }
-    }
-    return kNone;
+    return nullptr;
 }
 
 /// Which polygon is nearest at each stop while the target stands alone, and where each is.
 void TargetPass::FindWinners() {
-    winners_.resize(hits_.size());
+    winners_.resize(sight_.StopCount());
     firstStop_.assign(polygonCount_ + 1, 0);
-    const auto polygonAt = [this](std::size_t stop) {
-        const StopHit& hit = hitList_[static_cast<std::size_t>(winners_[stop])];
-        return polygonOf_[static_cast<std::size_t>(hit.face)];
-    };
-    for (std::size_t stop = 0; stop < hits_.size(); ++stop) {
+    const auto polygonAt = [this](std::size_t stop) { return polygonOf_[FaceOf(*winners_[stop])]; };
+    for (std::size_t stop = 0; stop < winners_.size(); ++stop) {
         winners_[stop] = WinnerAt(stop);
-        if (winners_[stop] != kNone) ++firstStop_[polygonAt(stop) + 1];
+        if (winners_[stop]) ++firstStop_[polygonAt(stop) + 1];
     }
     std::partial_sum(firstStop_.begin(), firstStop_.end(), firstStop_.begin());
     stopList_.resize(firstStop_.back());
     nextStop_.assign(firstStop_.begin(), firstStop_.end() - 1);
-    for (std::size_t stop = 0; stop < hits_.size(); ++stop) {
-        if (winners_[stop] != kNone) stopList_[nextStop_[polygonAt(stop)]++] = stop;
+    for (std::size_t stop = 0; stop < winners_.size(); ++stop) {
+        if (winners_[stop]) stopList_[nextStop_[polygonAt(stop)]++] = stop;
     }
     pickedBeside_ = kNone;
 }
@@ -320,9 +254,9 @@ double TargetPass::SightRoom(const StopView& view) const {
 /// The first brush after an index that hides the polygon.
 std::int32_t TargetPass::FirstHider(std::size_t polygon, std::int32_t after) {
     const std::size_t stop = stopList_[firstStop_[polygon]];
-    const StopView& view = views_[stop];
+    const StopView& view = sight_.ViewAt(stop);
     const Vec3& back = scene_.stops[stop].back;
-    const double distance = hitList_[static_cast<std::size_t>(winners_[stop])].distance;
+    const double distance = winners_[stop]->distance;
     const double room = SightRoom(view);
     candidates_.clear();
     scene_.tree.FindAlong({{view.eye.x, view.eye.y, view.eye.z},
@@ -356,8 +290,8 @@ bool TargetPass::IsSeenBeside(std::size_t polygon, std::int32_t other) {
 
 /// Whether the other brush stands before what is nearest at the stop.
 Sight TargetPass::LookPast(std::size_t stop, const PickBrush& other) {
-    const StopView& view = views_[stop];
-    const StopHit& hit = hitList_[static_cast<std::size_t>(winners_[stop])];
+    const StopView& view = sight_.ViewAt(stop);
+    StopHit& hit = *winners_[stop];
     const Point3 back = ToPoint3(scene_.stops[stop].back);
     const Point3 away = Along(ToPoint3(view.eye), other.centre, -1);
     const double along = Dot(back, away);
@@ -369,12 +303,13 @@ Sight TargetPass::LookPast(std::size_t stop, const PickBrush& other) {
     if (along - other.radius > hit.distance * kDepthRoom + room) return Sight::Free;
     if (IsInside(other, view.eye)) return LookFromOutside(stop, other);
     if (!other.solid.planes.empty()) {
-        const Sight sight = LookThrough(
-            other.solid, {ToPoint3(view.eye), back, view.range.zNear, hit.distance, reach, room});
+        const Sight sight = LookThrough(other.solid, {ToPoint3(view.eye), back, view.range.zNear,
+                                                      hit.nearest, hit.distance, reach, room});
         if (sight != Sight::Unsure) return sight;
     }
+    const PickDepth depth = sight_.DepthOf(stop, hit);
     for (const PickTriangle& triangle : other.triangles) {
-        if (HitTriangle(view, other, triangle).depth < hit.depth) return Sight::Blocked;
+        if (HitTriangle(view, other, triangle).depth < depth) return Sight::Blocked;
     }
     return Sight::Free;
 }
@@ -383,7 +318,7 @@ Sight TargetPass::LookPast(std::size_t stop, const PickBrush& other) {
 /// be another face from there, so only a clear answer counts.
 Sight TargetPass::LookFromOutside(std::size_t stop, const PickBrush& other) const {
     const StopView view = ViewBeside(scene_.camera, scene_.stops[stop], *orbit_, other);
-    if (view.eye == views_[stop].eye)
+    if (view.eye == sight_.ViewAt(stop).eye)
         return Sight::Free;  // no way out: nothing of it is turned here
     const double safe = (Distance(view.eye, orbit_->centre) - orbit_->radius) / 2;
     for (const PickTriangle& triangle : other.triangles) {
@@ -402,8 +337,8 @@ bool TargetPass::NeedsEveryPick(std::int32_t other) {
     const double reach = standing.radius + std::sqrt(Dot(away, away));
     answerMoved_ = false;
     if (reach < 0.99 * orbit_->distance) return false;  // no stop lies as near as the other brush
-    for (std::size_t stop = 0; stop < views_.size() && !answerMoved_; ++stop) {
-        answerMoved_ = IsInside(standing, views_[stop].eye) &&
+    for (std::size_t stop = 0; stop < sight_.StopCount() && !answerMoved_; ++stop) {
+        answerMoved_ = IsInside(standing, sight_.ViewAt(stop).eye) &&
                        LookFromOutside(stop, standing) == Sight::Unsure;
     }
     return answerMoved_;

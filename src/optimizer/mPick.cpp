@@ -101,9 +101,12 @@ PickBrush MakePickBrush(const Brush& brush) {
         const Vec3& r = made.points[t.corners[2]];
         const Point3 u = Along(ToPoint3(q), ToPoint3(p), -1);
         const Point3 v = Along(ToPoint3(r), ToPoint3(p), -1);
-        t.normal = Cross(u, v);
+        const Point3 normal = Cross(u, v);
+        const double length = std::sqrt(Dot(normal, normal));
+        if (!(length > 0)) continue;
+        t.normal = Along({}, normal, 1 / length);
         t.offset = Dot(t.normal, ToPoint3(p));
-        if (t.normal.x != 0 || t.normal.y != 0 || t.normal.z != 0) made.triangles.push_back(t);
+        made.triangles.push_back(t);
     }
     made.solid = FindSolid(brush, kMaxSolidPlanes);
     return made;

@@ -21,10 +21,10 @@ struct ClipPoint {
 struct PickTriangle {
     std::uint32_t corners[3]{};  ///< places in PickBrush::points
     std::int32_t face = 0;       ///< index in the brush
-    Point3 normal;               ///< of no particular length
+    Point3 normal;               ///< of unit length
     double offset = 0;           ///< normal . corner
 
-    /// Above 0 in front of the triangle, not in units of length.
+    /// How far in front of the triangle's plane a point lies.
     double Side(const Vec3& p) const { return Dot(normal, ToPoint3(p)) - offset; }
 };
 
