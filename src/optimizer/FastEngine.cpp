@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
-#include <unordered_map>
 
 #include "optimizer/BrushTree.h"
 #include "optimizer/TargetSight.h"
@@ -13,6 +12,7 @@ namespace korvane {
 namespace {
 
 constexpr std::int32_t kNone = -1;
+constexpr std::int32_t kUnknown = -2;
 constexpr std::int32_t kNever = std::numeric_limits<std::int32_t>::max();
 
 /// A point meets the pixel at a depth only if it is no further than this times the distance of the
@@ -56,37 +56,42 @@ struct SightLine {
 
 /// The part of a line that lies within a solid, as distances from the eye.
 struct Passage {
-    double from = 0;
-    double to = 0;
+    double from = -1e30;
+    double to = 1e30;
+
+    /// Cuts off what lies before a plane that the line crosses at a distance, in or out.
+    void Cut(bool inwards, double crossing) {
+        if (inwards) from = std::max(from, crossing);
+        if (!inwards) to = std::min(to, crossing);
+    }
+    bool IsEmpty() const { return !(from < to); }
 };
 
-/// `room`: how far before its planes the solid still counts.
-Passage PassageThrough(const ConvexSolid& solid, const SightLine& line, double room) {
+/// Whether a solid stands in a line of sight, where that is clear without looking at the pixel: by
+/// the passage through the solid grown by all that the pixel could meet of it, and through the
+/// solid shrunk by what rounding could take from it.
+Sight LookThrough(const ConvexSolid& solid, const SightLine& line) {
     constexpr double kParallel = 1e-9;
-    Passage passage{-1e30, 1e30};
+    const double grow = line.reach + solid.excess;
+    const double shrink = line.room + solid.excess;
+    Passage grown, shrunk;
     for (const SolidPlane& plane : solid.planes) {
         const double slope = Dot(plane.normal, line.back);
-        const double before = plane.Side(line.eye) - room;
-        if (slope > kParallel) {
-            passage.from = std::max(passage.from, before / slope);
-        } else if (slope < -kParallel) {
-            passage.to = std::min(passage.to, before / slope);
-        } else if (before > 0) {
-            return {1, -1};
+        const double before = plane.Side(line.eye);
+        if (std::fabs(slope) < kParallel) {
+            if (before > grow) return Sight::Free;
+            if (before > -shrink) shrunk.to = shrunk.from;
+            continue;
         }
+        const double inverse = 1 / slope;
+        grown.Cut(slope > 0, (before - grow) * inverse);
+        shrunk.Cut(slope > 0, (before + shrink) * inverse);
     }
-    return passage;
-}
-
-/// Whether a solid stands in a line of sight, where that is clear without looking at the pixel.
-Sight LookThrough(const ConvexSolid& solid, const SightLine& line) {
-    const Passage wide = PassageThrough(solid, line, line.reach + solid.excess);
-    if (wide.from > wide.to || wide.from > line.distance * kDepthRoom + line.room || wide.to < 0) {
+    if (grown.IsEmpty() || grown.to < 0 || grown.from > line.distance * kDepthRoom + line.room) {
         return Sight::Free;
     }
-    if (wide.from < 2 * line.zNear) return Sight::Unsure;
-    const Passage sure = PassageThrough(solid, line, -(line.room + solid.excess));
-    const bool clear = sure.from < sure.to && sure.from * kDepthRoom + line.room < line.nearest;
+    const bool clear = grown.from > 2 * line.zNear && !shrunk.IsEmpty() &&
+                       shrunk.from * kDepthRoom + line.room < line.nearest;
     return clear ? Sight::Blocked : Sight::Unsure;
 }
 
@@ -120,7 +125,6 @@ class TargetPass {
     std::int32_t NextOther(std::int32_t i) const { return i + 1 == target_ ? i + 2 : i + 1; }
 
     void Start(std::int32_t target, std::vector<bool>& invisible, OptimizeWatch& watch);
-    void NumberPolygons();
     void FindWinners();
     StopHit* WinnerAt(std::size_t stop);
     std::size_t FaceOf(const StopHit& hit) const {
@@ -128,6 +132,7 @@ class TargetPass {
     }
     void ApplyPair(std::int32_t other);
     void HideCovered(std::int32_t last);
+    void HideAllOf(std::int32_t hider);
     std::int32_t FirstHider(std::size_t polygon, std::int32_t after);
     bool IsSeenBeside(std::size_t polygon, std::int32_t other);
     Sight LookPast(std::size_t stop, const PickBrush& other);
@@ -144,14 +149,13 @@ class TargetPass {
     OptimizeWatch* watch_ = nullptr;
     bool ongoing_ = true;
 
-    std::vector<std::size_t> polygonOf_;  ///< by face
-    std::size_t polygonCount_ = 0;
     TargetSight sight_;
     std::vector<StopHit*> winners_;  ///< by stop; null where nothing visible is met
 
-    std::vector<std::size_t> firstStop_;  ///< by polygon: its stretch of stopList_
-    std::vector<std::size_t> nextStop_;   ///< where the polygon's next stop goes
+    std::vector<std::size_t> firstStop_;  ///< by polygon: where its stretch of stopList_ begins
+    std::vector<std::size_t> lastStop_;   ///< and ends; it is empty for a hidden one
     std::vector<std::size_t> stopList_;   ///< stops at which the polygon is nearest
+    std::vector<std::int32_t> hiders_;    ///< by polygon: the next brush that hides it
     std::vector<std::int32_t> candidates_;
 
     std::int32_t askedMoved_ = kNone;  ///< the other brush that answerMoved_ is about
@@ -168,17 +172,6 @@ void TargetPass::Start(std::int32_t target, std::vector<bool>& invisible, Optimi
     watch_ = &watch;
     ongoing_ = true;
     askedMoved_ = pickedBeside_ = kNone;
-    NumberPolygons();
-}
-
-/// Polygons in the order of their first faces.
-void TargetPass::NumberPolygons() {
-    std::unordered_map<std::int32_t, std::size_t> numbers;
-    polygonOf_.clear();
-    for (const std::int32_t id : brush_->polygonIds) {
-        polygonOf_.push_back(numbers.try_emplace(id, numbers.size()).first->second);
-    }
-    polygonCount_ = numbers.size();
 }
 
 StopHit* TargetPass::WinnerAt(std::size_t stop) {
@@ -191,17 +184,19 @@ StopHit* TargetPass::WinnerAt(std::size_t stop) {
 /// Which polygon is nearest at each stop while the target stands alone, and where each is.
 void TargetPass::FindWinners() {
     winners_.resize(sight_.StopCount());
-    firstStop_.assign(polygonCount_ + 1, 0);
-    const auto polygonAt = [this](std::size_t stop) { return polygonOf_[FaceOf(*winners_[stop])]; };
+    firstStop_.assign(brush_->polygonCount + 1, 0);
+    const auto polygonAt = [this](std::size_t stop) {
+        return brush_->polygonOf[FaceOf(*winners_[stop])];
+    };
     for (std::size_t stop = 0; stop < winners_.size(); ++stop) {
         winners_[stop] = WinnerAt(stop);
         if (winners_[stop]) ++firstStop_[polygonAt(stop) + 1];
     }
     std::partial_sum(firstStop_.begin(), firstStop_.end(), firstStop_.begin());
     stopList_.resize(firstStop_.back());
-    nextStop_.assign(firstStop_.begin(), firstStop_.end() - 1);
+    lastStop_.assign(firstStop_.begin(), firstStop_.end() - 1);
     for (std::size_t stop = 0; stop < winners_.size(); ++stop) {
-        if (winners_[stop]) stopList_[nextStop_[polygonAt(stop)]++] = stop;
+        if (winners_[stop]) stopList_[lastStop_[polygonAt(stop)]++] = stop;
     }
     pickedBeside_ = kNone;
 }
@@ -209,41 +204,58 @@ void TargetPass::FindWinners() {
 /// One pair as it is defined: every polygon that is nearest at some stop is visible, all others
 /// become invisible.
 void TargetPass::ApplyPair(std::int32_t other) {
-    std::vector<bool> seen(polygonCount_);
-    for (std::size_t face = 0; face < polygonOf_.size() && ongoing_; ++face) {
-        const std::size_t polygon = polygonOf_[face];
+    std::vector<bool> seen(brush_->polygonCount);
+    for (std::size_t face = 0; face < brush_->polygonOf.size() && ongoing_; ++face) {
+        const std::size_t polygon = brush_->polygonOf[face];
         if (!(*invisible_)[face] && !seen[polygon]) seen[polygon] = IsSeenBeside(polygon, other);
     }
-    for (std::size_t face = 0; face < polygonOf_.size(); ++face) {
-        (*invisible_)[face] = !seen[polygonOf_[face]];
+    bool changed = false;
+    for (std::size_t face = 0; face < brush_->polygonOf.size(); ++face) {
+        const bool hidden = !seen[brush_->polygonOf[face]];
+        changed |= (*invisible_)[face] != hidden;
+        (*invisible_)[face] = hidden;
     }
-    FindWinners();
+    if (changed) FindWinners();
 }
 
 /// The pairs after the first two, which can only hide. Brushes that hide nothing leave no trace, so
 /// it is enough to find, again and again, the next one that does.
 void TargetPass::HideCovered(std::int32_t last) {
-    constexpr std::int32_t kUnknown = -2;
-    std::vector<std::int32_t> hiders(polygonCount_, kUnknown);
+    hiders_.assign(brush_->polygonCount, kUnknown);
     while (ongoing_) {
         std::int32_t next = kNever;
-        for (std::size_t p = 0; p < polygonCount_; ++p) {
-            if (firstStop_[p] == firstStop_[p + 1]) continue;  // hidden already
-            if (hiders[p] == kUnknown) hiders[p] = FirstHider(p, last);
-            next = std::min(next, hiders[p]);
+        for (std::size_t p = 0; p < brush_->polygonCount; ++p) {
+            if (firstStop_[p] == lastStop_[p]) continue;  // hidden already
+            if (hiders_[p] == kUnknown) hiders_[p] = FirstHider(p, last);
+            next = std::min(next, hiders_[p]);
         }
         if (next == kNever || !ongoing_) return;
-        for (std::size_t face = 0; face < polygonOf_.size(); ++face) {
-            if (hiders[polygonOf_[face]] == next) (*invisible_)[face] = true;
-        }
-        const std::vector<std::size_t> before = firstStop_;
-        FindWinners();
-        // With more stops than before a polygon may survive what would have hidden it.
-        for (std::size_t p = 0; p < polygonCount_; ++p) {
-            if (firstStop_[p + 1] - firstStop_[p] != before[p + 1] - before[p])
-                hiders[p] = kUnknown;
-        }
+        HideAllOf(next);
         last = next;
+    }
+}
+
+/// Hides the polygons that a brush hides, and finds out what appears behind them.
+void TargetPass::HideAllOf(std::int32_t hider) {
+    for (std::size_t face = 0; face < brush_->polygonOf.size(); ++face) {
+        if (hiders_[brush_->polygonOf[face]] == hider) (*invisible_)[face] = true;
+    }
+    bool uncovers = false;
+    for (std::size_t p = 0; p < brush_->polygonCount; ++p) {
+        if (hiders_[p] != hider) continue;
+        for (std::size_t i = firstStop_[p]; i < lastStop_[p]; ++i) {
+            uncovers = uncovers || WinnerAt(stopList_[i]) != nullptr;
+        }
+        lastStop_[p] = firstStop_[p];
+    }
+    pickedBeside_ = kNone;
+    if (!uncovers) return;
+    const std::vector<std::size_t> first = firstStop_;
+    const std::vector<std::size_t> last = lastStop_;
+    FindWinners();
+    // With more stops than before a polygon may survive what would have hidden it.
+    for (std::size_t p = 0; p < brush_->polygonCount; ++p) {
+        if (lastStop_[p] - firstStop_[p] != last[p] - first[p]) hiders_[p] = kUnknown;
     }
 }
 
@@ -275,7 +287,7 @@ std::int32_t TargetPass::FirstHider(std::size_t polygon, std::int32_t after) {
 bool TargetPass::IsSeenBeside(std::size_t polygon, std::int32_t other) {
     const PickBrush& standing = BrushAt(other);
     const std::size_t first = firstStop_[polygon];
-    const std::size_t count = firstStop_[polygon + 1] - first;
+    const std::size_t count = lastStop_[polygon] - first;
     const std::size_t step = SpreadStep(count);
     // The first stop comes last: most candidates were found by standing in its way.
     for (std::size_t i = 0, place = step; i < count; ++i, place += step) {
@@ -349,11 +361,11 @@ const std::vector<bool>& TargetPass::PickAll(std::int32_t other) {
     if (pickedBeside_ == other) return picked_;
     pickedBeside_ = other;
     const PickBrush& standing = BrushAt(other);
-    picked_.assign(polygonCount_, false);
+    picked_.assign(brush_->polygonCount, false);
     for (const CameraStop& stop : scene_.stops) {
         const StopView view = ViewBeside(scene_.camera, stop, *orbit_, standing);
         const std::int32_t face = PickAtStop(view, *brush_, *invisible_, standing);
-        if (face >= 0) picked_[polygonOf_[static_cast<std::size_t>(face)]] = true;
+        if (face >= 0) picked_[brush_->polygonOf[static_cast<std::size_t>(face)]] = true;
         ongoing_ = watch_->GoOn(brush_->triangles.size() + standing.triangles.size());
         if (!ongoing_) break;
     }

@@ -56,6 +56,19 @@ bool IsWithin(const Bounds& bounds, const Vec3& p) {
            p.y <= bounds.max.y && p.z >= bounds.min.z && p.z <= bounds.max.z;
 }
 
+/// Numbers the polygons in the order of their ids.
+void NumberPolygons(const Brush& brush, PickBrush& made) {
+    std::vector<std::int32_t> ids;
+    for (const BrushFace& face : brush.faces) ids.push_back(face.polygonId);
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    made.polygonCount = ids.size();
+    for (const BrushFace& face : brush.faces) {
+        const auto id = std::lower_bound(ids.begin(), ids.end(), face.polygonId);
+        made.polygonOf.push_back(static_cast<std::size_t>(id - ids.begin()));
+    }
+}
+
 /// How far along `back` the eye leaves the brush it is inside of; negative when it never does.
 double WayOut(const PickBrush& brush, const Vec3& eye, const Vec3& back) {
     double way = -1;
@@ -90,7 +103,6 @@ PickBrush MakePickBrush(const Brush& brush) {
     std::int32_t index = -1;
     for (const BrushFace& face : brush.faces) {
         ++index;
-        made.polygonIds.push_back(face.polygonId);
         if (!exists(face.a) || !exists(face.b) || !exists(face.c)) continue;
         PickTriangle t;
         const std::int32_t corners[] = {face.a, face.b, face.c};
@@ -108,6 +120,7 @@ PickBrush MakePickBrush(const Brush& brush) {
         t.offset = Dot(t.normal, ToPoint3(p));
         made.triangles.push_back(t);
     }
+    NumberPolygons(brush, made);
     made.solid = FindSolid(brush, kMaxSolidPlanes);
     return made;
 }

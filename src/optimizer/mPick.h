@@ -31,8 +31,9 @@ struct PickTriangle {
 /// A brush ready to be picked at.
 struct PickBrush {
     std::vector<Vec3> points;
-    std::vector<PickTriangle> triangles;   ///< in face order
-    std::vector<std::int32_t> polygonIds;  ///< by face
+    std::vector<PickTriangle> triangles;  ///< in face order
+    std::vector<std::size_t> polygonOf;   ///< by face: the number of its polygon
+    std::size_t polygonCount = 0;
     Bounds bounds;
     Point3 centre;  ///< of the bounds
     double radius = 0;
