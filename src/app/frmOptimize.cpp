@@ -91,6 +91,7 @@ frmOptimize::frmOptimize(Editor& editor, RenderContext& context, QWidget* parent
 
     auto* engine = new QFormLayout;
     engine->addRow("&Engine:", cboEngine_);
+    lblEngine_ = engine->labelForField(cboEngine_);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(btnStart_);
@@ -145,6 +146,7 @@ void frmOptimize::EnableChoices() {
     details_->setEnabled(sampled);
     for (QCheckBox* box : chkExtras_) box->setEnabled(sampled);
     cboEngine_->setEnabled(sampled);
+    lblEngine_->setEnabled(sampled);
     chkCovered_->setEnabled(idle);
 }
 

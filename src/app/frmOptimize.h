@@ -51,6 +51,7 @@ class frmOptimize final : public QDialog {
     QCheckBox* chkCovered_;
     QGroupBox* details_;
     QComboBox* cboEngine_;
+    QWidget* lblEngine_;
     PercentBar* pbPercent_;
     QLabel* lblInfo_;
     QLabel* lblTime_;

@@ -375,27 +375,20 @@ const std::vector<bool>& TargetPass::PickAll(std::int32_t other) {
 class FastEngine final : public OptimizeEngine {
   public:
     FastEngine(const Scene& scene, const OptimizeOptions& options)
-        : scene_{StopCamera(options), CameraStops(options), PickBrushes(scene), Orbits(scene),
-                 BrushTree(BoundsOf(scene))},
-          pass_(scene_) {}
+        : source_(scene),
+          scene_{StopCamera(options), CameraStops(options), {}, {}, BrushTree(BoundsOf(scene))},
+          pass_(scene_) {
+        for (const Brush& brush : scene.brushes) scene_.orbits.push_back(OrbitOf(brush));
+    }
 
     bool OptimizeBrush(std::int32_t brush, std::vector<bool>& invisible,
                        OptimizeWatch& watch) override {
-        return pass_.Run(brush, invisible, watch);
+        return MakePickBrushes(source_, scene_.brushes, watch) &&
+               pass_.Run(brush, invisible, watch);
     }
 
   private:
-    static std::vector<PickBrush> PickBrushes(const Scene& scene) {
-        std::vector<PickBrush> brushes;
-        for (const Brush& brush : scene.brushes) brushes.push_back(MakePickBrush(brush));
-        return brushes;
-    }
-    static std::vector<OrbitTarget> Orbits(const Scene& scene) {
-        std::vector<OrbitTarget> orbits;
-        for (const Brush& brush : scene.brushes) orbits.push_back(OrbitOf(brush));
-        return orbits;
-    }
-
+    const Scene& source_;
     SampledScene scene_;
     TargetPass pass_;
 };

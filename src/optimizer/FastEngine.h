@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// An engine for the scene as it is now; the scene itself is not needed any more.
+/// An engine for a scene, which must outlive it.
 std::unique_ptr<OptimizeEngine> MakeFastEngine(const Scene& scene, const OptimizeOptions& options);
 
 }  // namespace korvane

@@ -56,8 +56,8 @@ class OptimizeWatch {
     std::chrono::steady_clock::time_point lastPoll_{};
 };
 
-/// Finds out which faces of a brush are hidden. Made for one scene, whose geometry must not change
-/// meanwhile.
+/// Finds out which faces of a brush are hidden. Made for one scene, which must outlive it and whose
+/// geometry must not change meanwhile.
 class OptimizeEngine {
   public:
     virtual ~OptimizeEngine() = default;

@@ -121,8 +121,17 @@ PickBrush MakePickBrush(const Brush& brush) {
         made.triangles.push_back(t);
     }
     NumberPolygons(brush, made);
-    made.solid = FindSolid(brush, kMaxSolidPlanes);
+    if (made.polygonCount <= kMaxSolidPlanes) made.solid = FindSolid(brush, kMaxSolidPlanes);
     return made;
+}
+
+bool MakePickBrushes(const Scene& scene, std::vector<PickBrush>& made, OptimizeWatch& watch) {
+    constexpr std::size_t kWorkOfFace = 20;  // in triangles that are looked at
+    while (made.size() < scene.brushes.size()) {
+        made.push_back(MakePickBrush(scene.brushes[made.size()]));
+        if (!watch.GoOn(kWorkOfFace * made.back().triangles.size())) return false;
+    }
+    return true;
 }
 
 PixelHit HitInPixel(const StopView& view, const PickBrush& brush, const PickTriangle& triangle,

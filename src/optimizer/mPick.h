@@ -6,6 +6,7 @@
 #include <limits>
 #include <vector>
 
+#include "optimizer/OptimizeEngine.h"
 #include "optimizer/mSolid.h"
 #include "optimizer/mStops.h"
 #include "scene/mNormals.h"
@@ -42,6 +43,10 @@ struct PickBrush {
 
 /// Prepares a brush. Faces without an area, or of vertices that the brush lacks, are left out.
 PickBrush MakePickBrush(const Brush& brush);
+
+/// Prepares the brushes of a scene, from the one on that comes next in the list. False: the watch
+/// ended the run; called again, it carries on.
+bool MakePickBrushes(const Scene& scene, std::vector<PickBrush>& made, OptimizeWatch& watch);
 
 /// A depth as a hit record holds it, 0 near to 2^32 - 1 far.
 using PickDepth = std::int64_t;

@@ -73,12 +73,11 @@ class SelectionEngine final : public OptimizeEngine {
         : context_(context),
           scene_(scene),
           camera_(InViewportOf(context, options)),
-          stops_(CameraStops(options)) {
-        for (const Brush& brush : scene.brushes) brushes_.push_back(MakePickBrush(brush));
-    }
+          stops_(CameraStops(options)) {}
 
     bool OptimizeBrush(std::int32_t target, std::vector<bool>& invisible,
                        OptimizeWatch& watch) override {
+        if (!MakePickBrushes(scene_, brushes_, watch)) return false;
         const std::int32_t others = scene_.brushCount() - 1;
         for (std::int32_t i = 0; i < others; ++i) {
             if (!OptimizePair(target, i < target ? i : i + 1, invisible, watch)) return false;
