@@ -11,6 +11,7 @@
 #include "app/frmFreeRotate.h"
 #include "app/frmMultiply.h"
 #include "app/frmPreferences.h"
+#include "app/frmOptimize.h"
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/frmStats.h"
@@ -150,6 +151,9 @@ void frmMain::OpenForm(Form form) {
             break;
         case Form::Statistics:
             frmStats(editor_, this).exec();
+            break;
+        case Form::Optimize:
+            frmOptimize(editor_, context_, this).exec();
             break;
     }
 }

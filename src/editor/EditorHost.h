@@ -48,7 +48,8 @@ enum class Form {
     Multiply,
     ExportSourceCode,
     Statistics,
-    Preferences
+    Preferences,
+    Optimize
 };
 
 /// The session's outside. Every call is a request: nothing is painted from inside it.

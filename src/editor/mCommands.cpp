@@ -39,11 +39,15 @@ void ToggleInvisible(Editor& editor) {
     editor.host.RequestRedraw(RedrawPreview);
 }
 
-template <std::int16_t Layout>
-void ApplyViewLayout(Editor& editor) {
-    editor.settings.ViewLayout = Layout;
+void SetViewLayout(Editor& editor, std::int16_t layout) {
+    editor.settings.ViewLayout = layout;
     UpdateCommandStates(editor);
     editor.host.LayoutPanes();
+}
+
+template <std::int16_t Layout>
+void ApplyViewLayout(Editor& editor) {
+    SetViewLayout(editor, Layout);
 }
 
 template <std::int16_t Mode>
@@ -79,6 +83,14 @@ void ResetViewsAndPanes(Editor& editor) {
 template <Form form>
 void Open(Editor& editor) {
     editor.host.OpenForm(form);
+}
+
+/// While the form is open the preview stands alone.
+void OpenOptimize(Editor& editor) {
+    const std::int16_t layout = editor.settings.ViewLayout;
+    SetViewLayout(editor, PreviewOnly);
+    editor.host.OpenForm(Form::Optimize);
+    SetViewLayout(editor, layout);
 }
 
 template <int X, int Y, int Z>
@@ -279,7 +291,7 @@ const Command kCommands[] = {
     {"mnuInvert", "mnuModify", "Invert", Selection, CheckKind::None, nullptr, InvertBrushes, {}},
     {"mnuMultiply", "mnuModify", "Multiply Brushes...", Selection, CheckKind::None, nullptr, Open<Form::Multiply>,
      {EditBar, 20, "Multiply Selected Brushes...", "Multiply Brushes: Mulptiply selected brushes with offsets and rotations"}, kSeparator},
-    {"mnuOptimize", "mnuModify", "Optimize Object...", NotYet, CheckKind::None, nullptr, nullptr, {}},
+    {"mnuOptimize", "mnuModify", "Optimize Object...", Always, CheckKind::None, nullptr, OpenOptimize, {}},
 
     {"mnuStatistics", "mnuInfo", "Object Statistics...", Always, CheckKind::None, nullptr, Open<Form::Statistics>, {}},
 

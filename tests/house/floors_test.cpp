@@ -20,42 +20,28 @@ struct Floor {
     bool plain;  ///< standard library only
 };
 
+/// From the lowest up. A plain floor may stand on all plain ones before it.
 const std::vector<Floor>& Floors() {
-    static const std::set<std::string> core = {"base",  "textures/core", "scene", "views/core",
-                                               "files", "export",        "editor"};
-    static const std::vector<Floor> floors = {
-        {"base", {}, true},
-        {"textures/core", {"base"}, true},
-        {"scene", {"base", "textures/core"}, true},
-        {"views/core", {"base", "textures/core", "scene"}, true},
-        {"files", {"base", "textures/core", "scene", "views/core"}, true},
-        {"export", {"base", "textures/core", "scene", "views/core", "files"}, true},
-        {"editor", {"base", "textures/core", "scene", "views/core", "files", "export"}, true},
-        {"views/ui", core, false},
-        {"textures/ui",
-         [] {
-             auto set = core;
-             set.insert("views/ui");
-             return set;
-         }(),
-         false},
-        {"platform", core, false},
-        {"widgets", {}, false},
-        {"app",
-         [] {
-             auto set = core;
-             set.insert({"views/ui", "textures/ui", "platform", "widgets"});
-             return set;
-         }(),
-         false},
-        {"cli",
-         [] {
-             auto set = core;
-             set.insert({"views/ui", "textures/ui"});
-             return set;
-         }(),
-         false},
-    };
+    static const std::vector<Floor> floors = [] {
+        std::vector<Floor> all;
+        std::set<std::string> core;
+        for (const char* folder : {"base", "textures/core", "scene", "views/core", "files",
+                                   "export", "editor", "optimizer"}) {
+            all.push_back({folder, core, true});
+            core.insert(folder);
+        }
+        const auto coreAnd = [&](std::set<std::string> more) {
+            more.insert(core.begin(), core.end());
+            return more;
+        };
+        all.push_back({"views/ui", core, false});
+        all.push_back({"textures/ui", coreAnd({"views/ui"}), false});
+        all.push_back({"platform", core, false});
+        all.push_back({"widgets", {}, false});
+        all.push_back({"app", coreAnd({"views/ui", "textures/ui", "platform", "widgets"}), false});
+        all.push_back({"cli", coreAnd({"views/ui", "textures/ui"}), false});
+        return all;
+    }();
     return floors;
 }
 
