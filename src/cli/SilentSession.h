@@ -13,12 +13,15 @@ class SilentHost final : public EditorHost {
     void ShowCommandStates() override {}
     void RefreshPropertyPanel() override {}
     void LayoutPanes() override {}
+    void ApplyColorScheme() override {}
+    WindowPlace PlaceOfWindow() const override { return {}; }
     void ShowStatus(int, const std::string&) override {}
     void OpenForm(Form) override {}
     void CloseForms() override {}
     void OpenDocument(const std::string&) override {}
     void FocusViews() override {}
     void WhenIdle(std::function<void()>) override {}
+    void RunKeyBoardTimer() override {}
     void CloseWindow() override {}
 };
 
@@ -27,6 +30,7 @@ class SilentPrompts final : public Prompts {
     Answer ShowMessage(const Message&) override { return Answer::No; }
     std::optional<std::string> AskOpenPath(const FileDialog&) override { return std::nullopt; }
     std::optional<std::string> AskSavePath(const FileDialog&) override { return std::nullopt; }
+    std::optional<Color> AskColor(Color) override { return std::nullopt; }
 };
 
 /// The session with its outside.

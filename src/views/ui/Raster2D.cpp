@@ -67,10 +67,10 @@ inline void DrawSteps(const Raster2D& raster, const Slope& s, std::int32_t first
     }
 }
 
-/// Draws the whole line, all of which lies on the surface. The same pixels as DrawSteps, but the minor
-/// axis is followed in fixed point, so that no step waits for the one before it. The slope is rounded
-/// up by less than 2 units; up to length L that stays below the 2^kFraction / (2 L) units that the
-/// exact value keeps away from the next pixel, as long as 4 L^2 < 2^kFraction.
+/// Draws the whole line, all of which lies on the surface. The same pixels as DrawSteps, but the
+/// minor axis is followed in fixed point, so that no step waits for the one before it. The slope is
+/// rounded up by less than 2 units; up to length L that stays below the 2^kFraction / (2 L) units
+/// that the exact value keeps away from the next pixel, as long as 4 L^2 < 2^kFraction.
 inline void DrawAllSteps(const Raster2D& raster, const Slope& s, std::uint32_t color) {
     constexpr int kFraction = 40;
     constexpr auto kOne = static_cast<double>(std::int64_t{1} << kFraction);
