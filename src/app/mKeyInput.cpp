@@ -105,10 +105,6 @@ bool KeyInput::HandsBack(const QKeyEvent& event, int code) const {
 bool KeyInput::HandleKey(QKeyEvent& event) {
     const int code = VirtualKeyCode(event);
     const bool press = event.type() == QEvent::KeyPress;
-    if (press && code == kEscape && editor_.mouseLook.state != LookOff) {
-        workspace_.Preview().EndLook();
-        return true;
-    }
     if (HandsBack(event, code)) {
         editor_.host.FocusViews();
         return true;

@@ -47,7 +47,8 @@ double LargestCoordinate(const Brush& brush) {
     double largest = 0;
     for (const Vertex& v : brush.vertices) {
         const double size = std::abs(double(v.x)) + std::abs(double(v.y)) + std::abs(double(v.z));
-        largest = size <= largest ? largest : size;
+        if (!std::isfinite(size)) return size;
+        largest = std::max(largest, size);
     }
     return largest;
 }
@@ -83,21 +84,21 @@ bool IsClosed(const Brush& brush) {
     return forward == backward;
 }
 
-/// Whether every face has the whole brush behind it.
+/// Whether every face has the whole brush behind it, some of it clearly: of a flat brush everything
+/// would be behind every face, whatever its outline.
 bool IsBehindItsFaces(const Brush& brush) {
     const double tolerance = kRounding * LargestCoordinate(brush);
-    bool hasArea = false;
+    bool hasDepth = false;
     for (const BrushFace& face : brush.faces) {
         const Direction normal = Normal(brush, face);
         const double length = std::sqrt(Dot(normal, normal));
-        if (length == 0) continue;
-        hasArea = true;
-        const bool behind = std::ranges::all_of(brush.vertices, [&](const Vertex& vertex) {
-            return Dot(normal, Side(brush.vertices[face.a], vertex)) <= tolerance * length;
-        });
-        if (!behind) return false;
+        for (const Vertex& vertex : brush.vertices) {
+            const double ahead = Dot(normal, Side(brush.vertices[face.a], vertex));
+            if (ahead > tolerance * length) return false;
+            hasDepth |= ahead < -4 * tolerance * length;
+        }
     }
-    return hasArea;
+    return hasDepth;
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ bool MayMoveCursor() {
 }  // namespace
 
 LookPointer::LookPointer(Editor& editor, QWidget& pane)
-    : editor_(editor), pane_(pane), recentres_(MayMoveCursor()) {
+    : editor_(editor), pane_(pane), mayMove_(MayMoveCursor()) {
     edge_.setInterval(kKeyBoardTick);
     edge_.callOnTimeout([this] { TurnOn(); });
 }
@@ -47,6 +47,7 @@ void LookPointer::Follow() {
 void LookPointer::Take() {
     last_ = QPointF(editor_.mouseLook.lastX, editor_.mouseLook.lastY);
     drift_ = {};
+    recentres_ = mayMove_;
     pane_.setCursor(Qt::BlankCursor);
     pane_.grabMouse(Qt::BlankCursor);
     if (!recentres_) edge_.start();

@@ -24,7 +24,7 @@ class LookPointer {
     void MovedTo(const QPointF& position);
 
     /// Whether the cursor may be moved; as a rule the window system decides.
-    void SetRecentring(bool recentres) { recentres_ = recentres; }
+    void SetRecentring(bool mayMove) { mayMove_ = mayMove; }
 
   private:
     void Take();
@@ -37,10 +37,11 @@ class LookPointer {
     Editor& editor_;
     QWidget& pane_;
     bool taken_ = false;
-    bool recentres_;
-    QPointF last_;    ///< position before this one
-    QPointF centre_;  ///< where the cursor was put
-    QPointF drift_;   ///< how far the camera has turned beyond the cursor, pixels
+    bool mayMove_;            ///< the window system lets the cursor be moved
+    bool recentres_ = false;  ///< and does it: a move may be refused
+    QPointF last_;            ///< position before this one
+    QPointF centre_;          ///< where the cursor was put
+    QPointF drift_;           ///< how far the camera has turned beyond the cursor, pixels
     QTimer edge_;
 };
 

@@ -47,8 +47,9 @@ class BrushBuilder {
         built.max = {-kFar, -kFar, -kFar};
         previous_ = {};
         previousCount_ = 0;
-        for (const BrushFace& face : brush.faces) {
-            if (NamesVertices(face, brush.vertices.size())) Add(brush, face, built);
+        for (std::uint32_t number = 0; number < brush.faces.size(); ++number) {
+            if (NamesVertices(brush.faces[number], brush.vertices.size()))
+                Add(brush, number, built);
         }
         built.cornerRoom = static_cast<std::uint32_t>(corners_.size()) - built.firstCorner;
         built.faceCount = static_cast<std::uint32_t>(faces_.size()) - built.firstFace;
@@ -56,9 +57,11 @@ class BrushBuilder {
     }
 
   private:
-    void Add(const Brush& brush, const BrushFace& face, PreviewBrush& built) {
+    void Add(const Brush& brush, std::uint32_t number, PreviewBrush& built) {
+        const BrushFace& face = brush.faces[number];
         const std::array<std::int32_t, 3> indices = {face.a, face.b, face.c};
         PreviewFace added;
+        added.number = number;
         std::array<Vec3, 3> points;
         for (int i = 0; i < 3; ++i) {
             points[i] = brush.vertices[indices[i]].Position();

@@ -23,6 +23,7 @@ struct PreviewCorner {
 struct PreviewFace {
     std::array<std::uint32_t, 3> corners{};  ///< places in the corner table
     std::array<std::uint32_t, 3> points{};   ///< vertices of the brush
+    std::uint32_t number = 0;                ///< index among the brush's faces
     Vec3 normal;          ///< of the plane the triangle lies in, unit length; zero without area
     double distance = 0;  ///< of the plane from the origin along the normal
     std::int32_t texture = 0;

@@ -162,12 +162,10 @@ void WriteRuns(const Scene& scene, const PreviewMesh& mesh, const PreviewView& v
     for (const DrawItem& item : runs.items) {
         const bool selected = scene.brushes[item.brush].selected;
         const bool namesFaces = naming == Naming::FacesOfSelected && oneSelected && selected;
-        std::uint32_t f = 0;
         for (const PreviewFace& face : FacesOf(mesh, mesh.brushes[item.brush])) {
-            const std::uint32_t number = f++;
             if (face.invisible && !view.showInvisible) continue;
             if (IsTurnedAway(face, view.eye)) continue;
-            const std::uint32_t name = namesFaces                  ? number
+            const std::uint32_t name = namesFaces                  ? face.number
                                        : naming == Naming::Brushes ? item.brush
                                                                    : kNoPickName;
             writer.Add(face, ColorOf(selected, face.selected), name);

@@ -74,8 +74,7 @@ void ucPreview::resizeEvent(QResizeEvent*) {
 }
 
 bool ucPreview::event(QEvent* event) {
-    const auto type = event->type();
-    if (type == QEvent::UngrabMouse || type == QEvent::WindowDeactivate) EndLook();
+    if (event->type() == QEvent::UngrabMouse) EndLook();
     return QWidget::event(event);
 }
 
