@@ -52,11 +52,13 @@ struct ScriptedPrompts : Prompts {
     std::deque<Answer> answers;
     std::deque<std::optional<std::string>> paths;
     std::vector<Message> messages;
+    std::function<void()> whenAsked = [] {};  ///< what happens while a message is shown
     std::vector<FileDialog> openDialogs;
     std::vector<FileDialog> saveDialogs;
 
     Answer ShowMessage(const Message& message) override {
         messages.push_back(message);
+        whenAsked();
         if (answers.empty()) {
             switch (message.buttons) {
                 case MessageButtons::Ok:

@@ -41,6 +41,20 @@ inline Vec3 At(const Brush& brush, std::int32_t vertex) {
     return brush.vertices.at(static_cast<std::size_t>(vertex)).Position();
 }
 
+/// Which brushes are selected, as "1" and "0".
+inline std::string SelectedBrushes(const Scene& scene) {
+    std::string flags;
+    for (const Brush& brush : scene.brushes) flags += brush.selected ? '1' : '0';
+    return flags;
+}
+
+/// Which vertices of a brush are selected, as "1" and "0".
+inline std::string SelectedVertices(const Brush& brush) {
+    std::string flags;
+    for (const Vertex& vertex : brush.vertices) flags += vertex.selected ? '1' : '0';
+    return flags;
+}
+
 inline double Dot(const Vec3& a, const Vec3& b) {
     return double{a.x} * b.x + double{a.y} * b.y + double{a.z} * b.z;
 }
