@@ -145,7 +145,9 @@ TEST_F(FileCommandsTest, NewPutsEverythingBackToTheStart) {
     editor.SceneModified = false;
     editor.views[TopView].panX = 30;
     editor.splitX = 0.2F;
+    editor.scene.editMode = VertexMove;
     NewObject(editor);
+    EXPECT_EQ(editor.scene.editMode, VertexMove) << "the user goes on as before";
     EXPECT_EQ(editor.scene.brushCount(), 0);
     EXPECT_EQ(editor.scene.clipboardCount(), 0);
     EXPECT_EQ(editor.CurrentObjectPath, "");
