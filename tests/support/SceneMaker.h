@@ -44,17 +44,11 @@ inline Vec3 At(const Brush& brush, std::int32_t vertex) {
     return brush.vertices.at(static_cast<std::size_t>(vertex)).Position();
 }
 
-/// Which brushes are selected, as "1" and "0".
-inline std::string SelectedBrushes(const Scene& scene) {
+/// Which brushes, faces or vertices of a list are selected, as "1" and "0".
+template <class Record>
+std::string SelectedFlags(const std::vector<Record>& records) {
     std::string flags;
-    for (const Brush& brush : scene.brushes) flags += brush.selected ? '1' : '0';
-    return flags;
-}
-
-/// Which vertices of a brush are selected, as "1" and "0".
-inline std::string SelectedVertices(const Brush& brush) {
-    std::string flags;
-    for (const Vertex& vertex : brush.vertices) flags += vertex.selected ? '1' : '0';
+    for (const Record& record : records) flags += record.selected ? '1' : '0';
     return flags;
 }
 

@@ -81,7 +81,7 @@ class SessionTest : public testing::Test {
         return std::distance(files, std::filesystem::directory_iterator());
     }
 
-    std::string Selected() const { return SelectedBrushes(editor.scene); }
+    std::string Selected() const { return SelectedFlags(editor.scene.brushes); }
 
     TempFolder folder;
     RecordingHost host;

@@ -16,7 +16,9 @@ namespace {
 
 class ViewEditTest : public testing::Test, protected SceneMaker {
   protected:
-    std::string Flags(std::size_t brush) const { return SelectedVertices(scene.brushes.at(brush)); }
+    std::string Flags(std::size_t brush) const {
+        return SelectedFlags(scene.brushes.at(brush).vertices);
+    }
 
     std::vector<Vec3> Points(std::size_t brush) const {
         std::vector<Vec3> points;
@@ -119,7 +121,7 @@ TEST_F(ViewEditTest, EdgePicksEqualTheirPlainDefinition) {
         PickEdgesAt(scene, i % 3, point, picker, select);
         PlainPickEdges(plain, i % 3, point, picker, select);
         for (std::size_t b = 0; b < 4; ++b) {
-            ASSERT_EQ(Flags(b), SelectedVertices(plain.brushes[b])) << "pick " << i;
+            ASSERT_EQ(Flags(b), SelectedFlags(plain.brushes[b].vertices)) << "pick " << i;
             picked += std::ranges::count(Flags(b), select ? '1' : '0');
         }
     }
