@@ -1,16 +1,10 @@
 // New, Open, Merge, Save and Save As as the user meets them: prompts, messages and what becomes of
 // the session.
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <utility>
 
 #include "editor/mFileOpenSave.h"
-#include "files/mObjectFile.h"
-#include "scene/mBrush.h"
 #include "support/FileSizeLimit.h"
-#include "support/RecordingHost.h"
-#include "support/TempFolder.h"
+#include "support/SessionFixture.h"
 
 namespace korvane {
 namespace {
@@ -22,96 +16,85 @@ using test::WriteFileBytes;
 const char kInvalid[] = "Error: Invalid Korvane File Format!";
 const char kUnableToSave[] = "Error: Unable to save file!";
 
-class FileCommandsTest : public testing::Test {
+class FileCommandsTest : public test::SessionTest {
   protected:
+    /// A box that is not saved.
     void AddBox(const std::string& group = {}) {
-        const std::int32_t index =
-            CreateBrush(editor_.scene, {0, 0, 0}, {1, 1, 1}, 4, editor_.Space());
-        editor_.scene.brushes[index].group = group;
-        editor_.SceneModified = true;
+        SessionTest::AddBox({0, 0, 0}, {1, 1, 1}).group = group;
+        editor.SceneModified = true;
     }
 
     /// A file holding one box of that group.
     std::string BoxFile(const std::string& name, const std::string& group) {
         Scene scene;
-        CreateBrush(scene, {-3, 0, 0}, {-2, 1, 1}, 4, editor_.Space());
+        CreateBrush(scene, {-3, 0, 0}, {-2, 1, 1}, 4, editor.Space());
         scene.brushes[0].group = group;
-        WriteFileBytes(folder_.Path(name), EncodeObject(scene, editor_.textures, false));
-        return folder_.Path(name);
+        WriteFileBytes(folder.Path(name), EncodeObject(scene, editor.textures, false));
+        return folder.Path(name);
     }
 
     std::string BadFile() {
-        WriteFileBytes(folder_.Path("bad.kvobject"), {'O', 'B', 'S', 'F', 1, 2, 3});
-        return folder_.Path("bad.kvobject");
+        WriteFileBytes(folder.Path("bad.kvobject"), {'O', 'B', 'S', 'F', 1, 2, 3});
+        return folder.Path("bad.kvobject");
     }
 
-    void Choose(const std::string& path) { prompts_.paths.emplace_back(path); }
+    void Choose(const std::string& path) { prompts.paths.emplace_back(path); }
 
     /// The one message since the last call; its title and look are those of errors.
     void ExpectError(const std::string& text) {
-        ASSERT_EQ(prompts_.messages.size(), 1U);
-        EXPECT_EQ(prompts_.messages[0].text, text);
-        EXPECT_EQ(prompts_.messages[0].title, "Error!");
-        EXPECT_EQ(prompts_.messages[0].icon, MessageIcon::Exclamation);
-        EXPECT_EQ(prompts_.messages[0].buttons, MessageButtons::Ok);
-        prompts_.messages.clear();
+        ASSERT_EQ(prompts.messages.size(), 1U);
+        EXPECT_EQ(prompts.messages[0].text, text);
+        EXPECT_EQ(prompts.messages[0].title, "Error!");
+        EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Exclamation);
+        EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::Ok);
+        prompts.messages.clear();
     }
 
     std::string Groups() const {
         std::string groups;
-        for (const Brush& brush : editor_.scene.brushes)
+        for (const Brush& brush : editor.scene.brushes)
             groups += brush.name + ":" + brush.group + " ";
         return groups;
     }
-
-    test::TempFolder folder_;
-    test::RecordingHost host_;
-    test::ScriptedPrompts prompts_;
-    Editor editor_{host_, prompts_};
 };
 
 TEST_F(FileCommandsTest, SaveAsksForANameOnceAndOpenBringsTheSceneBack) {
     AddBox("wall");
-    Choose(folder_.Path("house.kvobject"));
-    SaveCurrentObject(editor_);
-    ASSERT_EQ(prompts_.saveDialogs.size(), 1U);
-    EXPECT_EQ(prompts_.saveDialogs[0].title, "Save Object As...");
-    EXPECT_EQ(prompts_.saveDialogs[0].filterName, "Korvane Files (*.kvobject)");
-    EXPECT_EQ(prompts_.saveDialogs[0].filterPattern, "*.kvobject");
-    EXPECT_EQ(prompts_.saveDialogs[0].defaultExtension, "kvobject");
-    EXPECT_EQ(editor_.CurrentObjectPath, folder_.Path("house.kvobject"));
-    EXPECT_EQ(WindowTitle(editor_), "Korvane - house");
-    EXPECT_GE(host_.commandStateRefreshes, 1);
-    EXPECT_EQ(host_.redraws, RedrawAll);
-
+    Choose(folder.Path("house.kvobject"));
+    SaveCurrentObject(editor);
+    ASSERT_EQ(prompts.saveDialogs.size(), 1U);
+    EXPECT_EQ(prompts.saveDialogs[0].title, "Save Object As...");
+    EXPECT_EQ(prompts.saveDialogs[0].filterName, "Korvane Files (*.kvobject)");
+    EXPECT_EQ(prompts.saveDialogs[0].filterPattern, "*.kvobject");
+    EXPECT_EQ(prompts.saveDialogs[0].defaultExtension, "kvobject");
+    EXPECT_EQ(WindowTitle(editor), "Korvane - house");
+    EXPECT_GE(host.commandStateRefreshes, 1);
+    EXPECT_EQ(host.redraws, RedrawAll);
     AddBox("roof");
-    SaveCurrentObject(editor_);
-    EXPECT_EQ(prompts_.saveDialogs.size(), 1U);
-    EXPECT_FALSE(editor_.SceneModified);
+    SaveCurrentObject(editor);
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
+    EXPECT_FALSE(editor.SceneModified);
 
-    const Bytes saved = FileBytes(folder_.Path("house.kvobject"));
-    NewObject(editor_);
-    EXPECT_EQ(WindowTitle(editor_), "Korvane - New_Object");
-    EXPECT_EQ(editor_.scene.brushCount(), 0);
-    Choose(folder_.Path("house.kvobject"));
-    OpenObject(editor_);
-    ASSERT_EQ(prompts_.openDialogs.size(), 1U);
-    EXPECT_EQ(prompts_.openDialogs[0].title, "Open Object...");
-    EXPECT_EQ(prompts_.openDialogs[0].filterPattern, "*.kvobject");
+    const Bytes saved = FileBytes(folder.Path("house.kvobject"));
+    NewObject(editor);
+    Choose(folder.Path("house.kvobject"));
+    OpenObject(editor);
+    ASSERT_EQ(prompts.openDialogs.size(), 1U);
+    EXPECT_EQ(prompts.openDialogs[0].title, "Open Object...");
+    EXPECT_EQ(prompts.openDialogs[0].filterPattern, "*.kvobject");
     EXPECT_EQ(Groups(), "Brush-0000:wall Brush-0001:roof ");
-    EXPECT_EQ(WindowTitle(editor_), "Korvane - house");
-    EXPECT_EQ(EncodeObject(editor_.scene, editor_.textures, false), saved);
-    EXPECT_TRUE(prompts_.messages.empty());
+    EXPECT_EQ(editor.CurrentObjectPath, folder.Path("house.kvobject"));
+    EXPECT_EQ(EncodeObject(editor.scene, editor.textures, false), saved);
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(FileCommandsTest, UnsavedChangesAreAskedAbout) {
-    struct Row {
+    const struct {
         void (*run)(Editor&);
         Warning warning;
         const char* title;
         const char* text;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {NewObject, WarnNew, "Warning!",
          "Warning, there are unsaved changes to the current scene!\r\n"
          "Are you sure you wish to continue?"},
@@ -120,92 +103,92 @@ TEST_F(FileCommandsTest, UnsavedChangesAreAskedAbout) {
          "Are you sure you wish to continue?"},
     };
     const std::string other = BoxFile("other.kvobject", "other");
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         AddBox("mine");
         const std::string before = Groups();
-        prompts_.messages.clear();
-        prompts_.answers = {Answer::No};
-        prompts_.paths = {other};
-        row.run(editor_);
-        ASSERT_EQ(prompts_.messages.size(), 1U);
-        EXPECT_EQ(prompts_.messages[0].title, row.title);
-        EXPECT_EQ(prompts_.messages[0].text, row.text);
-        EXPECT_EQ(prompts_.messages[0].icon, MessageIcon::Question);
-        EXPECT_EQ(prompts_.messages[0].buttons, MessageButtons::YesNo);
+        prompts.messages.clear();
+        prompts.answers = {Answer::No, Answer::Yes};
+        prompts.paths = {other};
+        row.run(editor);
+        ASSERT_EQ(prompts.messages.size(), 1U);
+        EXPECT_EQ(prompts.messages[0].title, row.title);
+        EXPECT_EQ(prompts.messages[0].text, row.text);
+        EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Question);
+        EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::YesNo);
         EXPECT_EQ(Groups(), before);
-        EXPECT_TRUE(editor_.SceneModified);
-        EXPECT_EQ(host_.formCloses, 0);
-        EXPECT_EQ(prompts_.paths.size(), 1U) << "the dialog is not reached";
-
-        prompts_.answers = {Answer::Yes};
-        row.run(editor_);
+        EXPECT_TRUE(editor.SceneModified);
+        EXPECT_EQ(host.formCloses, 0);
+        EXPECT_EQ(prompts.paths.size(), 1U) << "the dialog is not reached";
+        row.run(editor);
         EXPECT_EQ(Groups().find("mine"), std::string::npos);
-        EXPECT_FALSE(editor_.SceneModified);
-        EXPECT_EQ(std::exchange(host_.formCloses, 0), 1) << "what they worked on is gone";
+        EXPECT_FALSE(editor.SceneModified);
+        EXPECT_EQ(std::exchange(host.formCloses, 0), 1) << "what they worked on is gone";
 
-        editor_.SceneModified = true;
-        editor_.settings.warnings[row.warning] = false;
-        prompts_.messages.clear();
-        prompts_.paths = {other};
-        row.run(editor_);
-        EXPECT_TRUE(prompts_.messages.empty()) << "switched off";
-        EXPECT_FALSE(editor_.SceneModified);
-        row.run(editor_);
-        EXPECT_TRUE(prompts_.messages.empty()) << "nothing unsaved";
-        host_.formCloses = 0;
+        editor.SceneModified = true;
+        editor.settings.warnings[row.warning] = false;
+        prompts.messages.clear();
+        prompts.paths = {other};
+        row.run(editor);
+        EXPECT_FALSE(editor.SceneModified);
+        editor.settings.warnings[row.warning] = true;
+        row.run(editor);
+        EXPECT_TRUE(prompts.messages.empty()) << "switched off, then nothing unsaved";
+        host.formCloses = 0;
     }
 }
 
 TEST_F(FileCommandsTest, NewPutsEverythingBackToTheStart) {
     AddBox();
-    editor_.scene.clipboard = editor_.scene.brushes;
-    editor_.CurrentObjectPath = "somewhere.kvobject";
-    editor_.currentFileForeign = true;
-    editor_.SceneModified = false;
-    editor_.views[TopView].panX = 30;
-    editor_.splitX = 0.2F;
-    NewObject(editor_);
-    EXPECT_EQ(editor_.scene.brushCount(), 0);
-    EXPECT_EQ(editor_.scene.clipboardCount(), 0);
-    EXPECT_EQ(editor_.CurrentObjectPath, "");
-    EXPECT_FALSE(editor_.currentFileForeign);
-    EXPECT_EQ(editor_.views[TopView].panX, 0);
-    EXPECT_EQ(editor_.splitX, 0.5F);
-    EXPECT_EQ(host_.layouts, 1);
-    EXPECT_EQ(host_.redraws, RedrawAll);
+    editor.scene.clipboard = editor.scene.brushes;
+    editor.CurrentObjectPath = "somewhere.kvobject";
+    editor.currentFileForeign = true;
+    editor.SceneModified = false;
+    editor.views[TopView].panX = 30;
+    editor.splitX = 0.2F;
+    editor.scene.editMode = VertexMove;
+    NewObject(editor);
+    EXPECT_EQ(editor.scene.editMode, VertexMove) << "the user goes on as before";
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    EXPECT_EQ(editor.scene.clipboardCount(), 0);
+    EXPECT_EQ(editor.CurrentObjectPath, "");
+    EXPECT_FALSE(editor.currentFileForeign);
+    EXPECT_EQ(editor.views[TopView].panX, 0);
+    EXPECT_EQ(editor.splitX, 0.5F);
+    EXPECT_EQ(host.layouts, 1);
+    EXPECT_EQ(host.redraws, RedrawAll);
 }
 
 TEST_F(FileCommandsTest, MergeAppendsAndKeepsThePath) {
     AddBox("mine");
-    editor_.SceneModified = false;
-    editor_.CurrentObjectPath = folder_.Path("mine.kvobject");
-    editor_.scene.clipboard = editor_.scene.brushes;
+    editor.SceneModified = false;
+    editor.CurrentObjectPath = "mine.kvobject";
+    editor.scene.clipboard = Brushes();
     Choose(BoxFile("other.kvobject", "other"));
-    MergeObject(editor_);
+    MergeObject(editor);
     EXPECT_EQ(Groups(), "Brush-0000:mine Brush-0001:other ");
-    EXPECT_EQ(editor_.CurrentObjectPath, folder_.Path("mine.kvobject"));
-    EXPECT_TRUE(editor_.SceneModified);
-    EXPECT_EQ(editor_.scene.clipboardCount(), 1);
-    EXPECT_TRUE(prompts_.messages.empty());
+    EXPECT_EQ(editor.CurrentObjectPath, "mine.kvobject");
+    EXPECT_TRUE(editor.SceneModified);
+    EXPECT_EQ(editor.scene.clipboardCount(), 1);
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(FileCommandsTest, AFailedMergeChangesNothing) {
     AddBox("mine");
-    editor_.SceneModified = false;
-    const std::uint64_t revision = editor_.scene.brushes[0].revision;
+    editor.SceneModified = false;
+    const std::uint64_t revision = editor.scene.brushes[0].revision;
     Bytes cut = FileBytes(BoxFile("other.kvobject", "other"));
     cut.pop_back();
-    WriteFileBytes(folder_.Path("cut.kvobject"), cut);
-    for (const std::string& path : {BadFile(), folder_.Path("cut.kvobject"),
-                                    folder_.Path("missing.kvobject"), folder_.Path()}) {
+    WriteFileBytes(folder.Path("cut.kvobject"), cut);
+    for (const std::string& path :
+         {BadFile(), folder.Path("cut.kvobject"), folder.Path("missing.kvobject"), folder.Path()}) {
         Choose(path);
-        MergeObject(editor_);
+        MergeObject(editor);
         ExpectError(kInvalid);
         EXPECT_EQ(Groups(), "Brush-0000:mine ");
-        EXPECT_EQ(editor_.scene.brushes[0].revision, revision);
-        EXPECT_FALSE(editor_.SceneModified);
-        EXPECT_FALSE(editor_.currentFileForeign);
-        EXPECT_EQ(editor_.CurrentObjectPath, "");
+        EXPECT_EQ(editor.scene.brushes[0].revision, revision);
+        EXPECT_FALSE(editor.SceneModified);
+        EXPECT_FALSE(editor.currentFileForeign);
+        EXPECT_EQ(editor.CurrentObjectPath, "");
     }
 }
 
@@ -213,107 +196,103 @@ TEST_F(FileCommandsTest, ABadFileEmptiesTheSceneAndIsNeverOverwrittenUnasked) {
     const std::string bad = BadFile();
     const Bytes before = FileBytes(bad);
     AddBox();
-    editor_.SceneModified = false;
+    editor.SceneModified = false;
     Choose(bad);
-    OpenObject(editor_);
+    OpenObject(editor);
     ExpectError(kInvalid);
-    EXPECT_EQ(editor_.scene.brushCount(), 0);
-    EXPECT_EQ(WindowTitle(editor_), "Korvane - bad");
-    EXPECT_GE(host_.commandStateRefreshes, 1);
+    EXPECT_EQ(editor.scene.brushCount(), 0);
+    EXPECT_EQ(WindowTitle(editor), "Korvane - bad");
+    EXPECT_GE(host.commandStateRefreshes, 1);
 
     AddBox();
-    SaveCurrentObject(editor_);  // the dialog is cancelled
-    EXPECT_EQ(prompts_.saveDialogs.size(), 1U);
+    SaveCurrentObject(editor);  // the dialog is cancelled
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
     EXPECT_EQ(FileBytes(bad), before);
-    EXPECT_TRUE(editor_.SceneModified);
+    EXPECT_TRUE(editor.SceneModified);
 
-    Choose(folder_.Path("good.kvobject"));
-    SaveCurrentObject(editor_);
-    EXPECT_FALSE(editor_.currentFileForeign);
-    SaveCurrentObject(editor_);
-    EXPECT_EQ(prompts_.saveDialogs.size(), 2U) << "the new name is not asked for again";
+    Choose(folder.Path("good.kvobject"));
+    SaveCurrentObject(editor);
+    EXPECT_FALSE(editor.currentFileForeign);
+    SaveCurrentObject(editor);
+    EXPECT_EQ(prompts.saveDialogs.size(), 2U) << "the new name is not asked for again";
     EXPECT_EQ(FileBytes(bad), before);
 
-    editor_.SceneModified = true;
-    editor_.settings.warnings[WarnOpen] = false;
+    editor.SceneModified = true;
+    editor.settings.warnings[WarnOpen] = false;
     Choose(bad);
-    OpenObject(editor_);
-    EXPECT_TRUE(editor_.currentFileForeign);
-    EXPECT_TRUE(editor_.SceneModified) << "the snapshots still hold what was not saved";
-    Choose(folder_.Path("good.kvobject"));
-    OpenObject(editor_);
-    EXPECT_FALSE(editor_.currentFileForeign);
-    EXPECT_EQ(editor_.scene.brushCount(), 1);
+    OpenObject(editor);
+    EXPECT_TRUE(editor.currentFileForeign);
+    EXPECT_TRUE(editor.SceneModified) << "the snapshots still hold what was not saved";
+    Choose(folder.Path("good.kvobject"));
+    OpenObject(editor);
+    EXPECT_FALSE(editor.currentFileForeign);
+    EXPECT_EQ(editor.scene.brushCount(), 1);
 }
 
 TEST_F(FileCommandsTest, AFileThatCannotBeReadLeavesSceneAndPath) {
     AddBox("mine");
-    editor_.CurrentObjectPath = "mine.kvobject";
-    editor_.settings.warnings[WarnOpen] = false;
-    for (const std::string& path : {folder_.Path("missing.kvobject"), folder_.Path()}) {
-        Choose(path);
-        OpenObject(editor_);
-        ExpectError(kInvalid);
-        OpenObjectFile(editor_, path);
+    editor.CurrentObjectPath = "mine.kvobject";
+    for (const std::string& path : {folder.Path("missing.kvobject"), folder.Path()}) {
+        OpenObjectFile(editor, path);
         ExpectError(kInvalid);
         EXPECT_EQ(Groups(), "Brush-0000:mine ");
-        EXPECT_EQ(editor_.CurrentObjectPath, "mine.kvobject");
-        EXPECT_TRUE(editor_.SceneModified);
-        EXPECT_FALSE(editor_.currentFileForeign);
+        EXPECT_EQ(editor.CurrentObjectPath, "mine.kvobject");
+        EXPECT_TRUE(editor.SceneModified);
+        EXPECT_FALSE(editor.currentFileForeign);
     }
 }
 
 TEST_F(FileCommandsTest, CancellingADialogChangesNothing) {
     AddBox("mine");
-    editor_.settings.warnings[WarnOpen] = false;
+    editor.settings.warnings[WarnOpen] = false;
     for (const auto run : {OpenObject, MergeObject, SaveCurrentObject, SaveObjectAs}) {
-        run(editor_);
+        run(editor);
         EXPECT_EQ(Groups(), "Brush-0000:mine ");
-        EXPECT_TRUE(editor_.SceneModified);
-        EXPECT_EQ(editor_.CurrentObjectPath, "");
-        EXPECT_TRUE(prompts_.messages.empty());
+        EXPECT_TRUE(editor.SceneModified);
+        EXPECT_EQ(editor.CurrentObjectPath, "");
+        EXPECT_TRUE(prompts.messages.empty());
     }
-    EXPECT_EQ(prompts_.openDialogs.size(), 2U);
-    EXPECT_EQ(prompts_.saveDialogs.size(), 2U);
-    EXPECT_EQ(folder_.EntryCount(), 0);
-    EXPECT_EQ(host_.formCloses, 0);
+    EXPECT_EQ(prompts.openDialogs.size(), 2U);
+    EXPECT_EQ(prompts.saveDialogs.size(), 2U);
+    EXPECT_EQ(folder.EntryCount(), 1) << "the cache alone";
+    EXPECT_EQ(host.formCloses, 0);
 }
 
 TEST_F(FileCommandsTest, AFailedSaveTellsTheUserAndLosesNothing) {
     AddBox();
-    Choose(folder_.Path("missing/house.kvobject"));
-    SaveObjectAs(editor_);
+    Choose(folder.Path("missing/house.kvobject"));
+    SaveObjectAs(editor);
     ExpectError(kUnableToSave);
-    EXPECT_TRUE(editor_.SceneModified);
+    EXPECT_TRUE(editor.SceneModified);
 
     const std::string path = BoxFile("house.kvobject", "old");
     const Bytes before = FileBytes(path);
-    editor_.CurrentObjectPath = path;
+    editor.CurrentObjectPath = path;
     {
         const test::FileSizeLimit full(100);
-        SaveCurrentObject(editor_);
+        SaveCurrentObject(editor);
     }
     ExpectError(kUnableToSave);
-    EXPECT_TRUE(editor_.SceneModified);
+    EXPECT_TRUE(editor.SceneModified);
     EXPECT_EQ(FileBytes(path), before);
-    EXPECT_EQ(folder_.EntryCount(), 1);
-    SaveCurrentObject(editor_);
-    EXPECT_FALSE(editor_.SceneModified);
+    EXPECT_EQ(folder.EntryCount(), 2) << "the cache and the old file";
+    SaveCurrentObject(editor);
+    EXPECT_FALSE(editor.SceneModified);
     EXPECT_NE(FileBytes(path), before);
 }
 
 TEST_F(FileCommandsTest, AFileNamedOutsideTheDialogBecomesTheCurrentOne) {
     AddBox("mine");
     const std::string path = BoxFile("bridge.old.kvobject", "other");
-    OpenObjectFile(editor_, path);
+    OpenObjectFile(editor, path);
     EXPECT_EQ(Groups(), "Brush-0000:other ");
-    EXPECT_EQ(editor_.CurrentObjectPath, path);
-    EXPECT_EQ(WindowTitle(editor_), "Korvane - bridge.old");
-    EXPECT_TRUE(prompts_.messages.empty());
-    EXPECT_TRUE(prompts_.openDialogs.empty());
-    OpenObjectFile(editor_, BadFile());
+    EXPECT_EQ(editor.CurrentObjectPath, path);
+    EXPECT_EQ(WindowTitle(editor), "Korvane - bridge.old");
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_TRUE(prompts.openDialogs.empty());
+    OpenObjectFile(editor, BadFile());
     ExpectError(kInvalid);
-    EXPECT_TRUE(editor_.currentFileForeign);
+    EXPECT_TRUE(editor.currentFileForeign);
 }
 
 }  // namespace

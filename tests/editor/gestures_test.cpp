@@ -1,7 +1,6 @@
 // Mouse gestures without a window: what they change and what they ask to be redrawn.
 #include <gtest/gtest.h>
 
-#include "scene/mNormals.h"
 #include "support/SessionFixture.h"
 
 namespace korvane {
@@ -22,57 +21,49 @@ class GesturesTest : public test::SessionTest {
         return static_cast<float>(DepthToScreen(editor.gauge, depth));
     }
 
+    void ExpectLevels(float low, float high) const {
+        EXPECT_EQ(editor.depthRange.LO, low);
+        EXPECT_EQ(editor.depthRange.HI, high);
+    }
+
     Bounds OnlyBrush() const {
         return editor.scene.brushes.size() == 1 ? BrushBounds(editor.scene.brushes[0]) : Bounds{};
     }
 
     void AddSelectedBrush() {
         AddBrush(editor.scene, "", "");
-        editor.scene.brushes[0].selected = true;
+        Brushes()[0].selected = true;
     }
 };
 
-TEST_F(GesturesTest, ADragInEachViewCreatesABrushOfTheDepthRange) {
-    const struct {
-        int view;
-        MouseInput from, to;
-        Bounds expected;
-    } cases[] = {
-        {TopView, Left(200, 150), Left(360, 390), {{0, 0, 0}, {2, 2, 3}}},
-        {TopView, Left(360, 150), Left(200, 390), {{0, 0, 0}, {2, 2, 3}}},
-        {LeftView, Left(200, 150), Left(280, 70), {{0, 0, 0}, {2, 1, 1}}},
-        {FrontView, Left(280, 70), Left(200, 150), {{0, 0, 0}, {1, 1, 2}}},
-    };
-    for (const auto& c : cases) {
-        ClearScene(editor.scene);
-        Drag(c.view, c.from, c.to);
-        EXPECT_EQ(OnlyBrush(), c.expected) << c.view;
-    }
-}
-
-TEST_F(GesturesTest, WhicheverWayTheDragRunsTheRingTurnsOneWay) {
+TEST_F(GesturesTest, ADragCreatesABrushOfTheDepthRangeWhicheverWayItRuns) {
     editor.scene.sideCount = 3;  // a wedge: its ring tells start from end
+    constexpr Bounds kTop{{0, 0, 0}, {2, 2, 3}};
+    constexpr Bounds kLeft{{0, 0, 0}, {2, 1, 1}};
+    constexpr Bounds kFront{{0, 0, 0}, {1, 1, 2}};
     const struct {
         int view;
         MouseInput from, to;
+        Bounds bounds;
         Vec3 first, third;  // of the top ring
     } cases[] = {
-        {TopView, Left(200, 150), Left(360, 390), {0, 2, 0}, {2, 2, 3}},
-        {TopView, Left(360, 390), Left(200, 150), {2, 2, 3}, {0, 2, 0}},
-        {TopView, Left(360, 150), Left(200, 390), {0, 2, 0}, {2, 2, 3}},
-        {TopView, Left(200, 390), Left(360, 150), {2, 2, 3}, {0, 2, 0}},
-        {LeftView, Left(200, 150), Left(280, 70), {0, 1, 0}, {2, 1, 1}},
-        {LeftView, Left(280, 70), Left(200, 150), {2, 1, 1}, {0, 1, 0}},
-        {FrontView, Left(200, 150), Left(280, 70), {1, 1, 2}, {0, 1, 0}},
-        {FrontView, Left(280, 70), Left(200, 150), {1, 1, 2}, {0, 1, 0}},
+        {TopView, Left(200, 150), Left(360, 390), kTop, {0, 2, 0}, {2, 2, 3}},
+        {TopView, Left(360, 390), Left(200, 150), kTop, {2, 2, 3}, {0, 2, 0}},
+        {TopView, Left(360, 150), Left(200, 390), kTop, {0, 2, 0}, {2, 2, 3}},
+        {TopView, Left(200, 390), Left(360, 150), kTop, {2, 2, 3}, {0, 2, 0}},
+        {LeftView, Left(200, 150), Left(280, 70), kLeft, {0, 1, 0}, {2, 1, 1}},
+        {LeftView, Left(280, 70), Left(200, 150), kLeft, {2, 1, 1}, {0, 1, 0}},
+        {FrontView, Left(200, 150), Left(280, 70), kFront, {1, 1, 2}, {0, 1, 0}},
+        {FrontView, Left(280, 70), Left(200, 150), kFront, {1, 1, 2}, {0, 1, 0}},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "view " << c.view << " from " << c.from.x);
         ClearScene(editor.scene);
         Drag(c.view, c.from, c.to);
-        ASSERT_EQ(editor.scene.brushCount(), 1);
-        const Brush& wedge = editor.scene.brushes[0];
-        EXPECT_EQ(wedge.vertices[0].Position(), c.first) << c.view;
-        EXPECT_EQ(wedge.vertices[2].Position(), c.third) << c.view;
+        EXPECT_EQ(OnlyBrush(), c.bounds);
+        const Brush& wedge = Brushes().at(0);
+        EXPECT_EQ(wedge.vertices[0].Position(), c.first);
+        EXPECT_EQ(wedge.vertices[2].Position(), c.third);
         EXPECT_EQ(wedge.faces[0].normal.y, 1) << "the top faces up";
     }
 }
@@ -81,13 +72,11 @@ TEST_F(GesturesTest, ACreationSelectsOnlyTheNewBrushAndRefreshes) {
     AddBrush(editor.scene, "", "");
     editor.scene.editMode = FaceEdit;  // ignores drags only with something selected
     PressView(editor, TopView, Left(200, 150));
-    EXPECT_FALSE(editor.SceneModified);
     MoveOverView(editor, TopView, Left(360, 390));
     EXPECT_EQ(host.redraws, RedrawOverlay(TopView)) << "the scene did not change yet";
+    EXPECT_FALSE(editor.SceneModified);
     ReleaseView(editor, TopView, Left(360, 390));
-    ASSERT_EQ(editor.scene.brushes.size(), 2U);
-    EXPECT_FALSE(editor.scene.brushes[0].selected);
-    EXPECT_TRUE(editor.scene.brushes[1].selected);
+    EXPECT_EQ(Selected(), "01");
     EXPECT_TRUE(editor.SceneModified);
     EXPECT_EQ(host.redraws & RedrawAll, RedrawAll);
     EXPECT_EQ(host.commandStateRefreshes, 1);
@@ -134,7 +123,6 @@ TEST_F(GesturesTest, WhatIsThinnerThanAHundredthCreatesNothing) {
 
 TEST_F(GesturesTest, ASelectionAModifierOrTheMarkerKeepsADragFromCreating) {
     Drag(TopView, Left(200, 150, CtrlKey), Left(360, 390, CtrlKey));
-    EXPECT_EQ(editor.scene.brushCount(), 0);
     editor.scene.markerShown = true;
     Drag(TopView, Left(200, 150), Left(360, 390));
     EXPECT_EQ(editor.scene.brushCount(), 0);
@@ -171,7 +159,7 @@ TEST_F(GesturesTest, ARightClickUnselects) {
     PressView(editor, TopView, Right(100, 100));
     MoveOverView(editor, TopView, Right(100, 100));  // repeated position of the press
     ReleaseView(editor, TopView, Right(100, 100));
-    EXPECT_FALSE(editor.scene.brushes[0].selected);
+    EXPECT_EQ(Selected(), "0");
     EXPECT_EQ(host.redraws, RedrawAll);
     EXPECT_EQ(host.commandStateRefreshes, 1);
     EXPECT_EQ(host.focusReturns, 1);
@@ -206,30 +194,26 @@ TEST_F(GesturesTest, ACancelledOrLostGestureDoesNothing) {
 }
 
 TEST_F(GesturesTest, ReadOutsNameTheViewAndTheSnappedPoint) {
+    const auto hover = [this](int view, float x, float y) {
+        MoveOverView(editor, view, {MouseButton::None, NoModifier, x, y});
+        std::string shown;
+        for (int panel = 1; panel <= 4; ++panel) shown += host.status[panel] + "|";
+        return shown;
+    };
     editor.CursorPoint = {0, 1.5F, 0};
-    MoveOverView(editor, TopView, {MouseButton::None, NoModifier, 227, 44});
-    EXPECT_EQ(host.status[1], "Top");
-    EXPECT_EQ(host.status[2], "X: 0.30");
-    EXPECT_EQ(host.status[3], "Y: 1.50");
-    EXPECT_EQ(host.status[4], "Z: -1.30");
+    EXPECT_EQ(hover(TopView, 227, 44), "Top|X: 0.30|Y: 1.50|Z: -1.30|");
     editor.settings.snapToGrid = false;
-    MoveOverView(editor, FrontView, {MouseButton::None, NoModifier, 201, 150});
-    EXPECT_EQ(host.status[1], "Front");
-    EXPECT_EQ(host.status[2], "X: 0.01");
-    EXPECT_EQ(host.status[3], "Y: 0.00");
-    MoveOverView(editor, LeftView, {MouseButton::None, NoModifier, 200, 150});
-    EXPECT_EQ(host.status[1], "Left");
+    EXPECT_EQ(hover(FrontView, 201, 150), "Front|X: 0.01|Y: 0.00|Z: -1.30|");
+    EXPECT_EQ(hover(LeftView, 200, 150), "Left|X: 0.01|Y: 0.00|Z: 0.00|");
     EXPECT_EQ(host.redrawRequests, 0);
 }
 
 TEST_F(GesturesTest, GaugePicksTheNearerLevelAndLOAtEqualDistance) {
     editor.settings.snapToGrid = false;
     DragGauge(GaugeY(1.0), GaugeY(1.5));
-    EXPECT_EQ(editor.depthRange.LO, 0.5F);
-    EXPECT_EQ(editor.depthRange.HI, 2.0F);
+    ExpectLevels(0.5F, 2.0F);
     DragGauge(GaugeY(1.75), GaugeY(2.75));
-    EXPECT_EQ(editor.depthRange.LO, 0.5F);
-    EXPECT_EQ(editor.depthRange.HI, 3.0F);
+    ExpectLevels(0.5F, 3.0F);
     EXPECT_EQ(host.redraws, RedrawDepthGauge);
     EXPECT_EQ(host.focusReturns, 2);
 }
@@ -237,17 +221,15 @@ TEST_F(GesturesTest, GaugePicksTheNearerLevelAndLOAtEqualDistance) {
 TEST_F(GesturesTest, GaugeLevelsSnapAndSwapAtTheRelease) {
     PressGauge(editor, Left(5, GaugeY(0) + 3));
     MoveOverGauge(editor, Left(5, GaugeY(1.234)));
-    EXPECT_EQ(editor.depthRange.LO, 1.2F);
+    ExpectLevels(1.2F, 2.0F);
     EXPECT_EQ(host.status[1], "Depth");
     EXPECT_EQ(host.status[2], "HI: 2.00");
     EXPECT_EQ(host.status[3], "LO: 1.20");
     EXPECT_EQ(host.status[4], "D: 1.20");
     MoveOverGauge(editor, Left(5, GaugeY(3.04)));
-    EXPECT_EQ(editor.depthRange.LO, 3.0F) << "above HI while it is dragged";
-    EXPECT_EQ(editor.depthRange.HI, 2.0F);
+    ExpectLevels(3.0F, 2.0F);  // LO above HI while it is dragged
     ReleaseGauge(editor, Left(5, GaugeY(3.04)));
-    EXPECT_EQ(editor.depthRange.LO, 2.0F);
-    EXPECT_EQ(editor.depthRange.HI, 3.0F);
+    ExpectLevels(2.0F, 3.0F);
 }
 
 TEST_F(GesturesTest, GaugePansVerticallyByItself) {
@@ -287,7 +269,7 @@ TEST_F(GesturesTest, ResetBringsViewsCameraAndSplitBack) {
     editor.camera = {1, 2, 3, 4, 5, 0};
     editor.splitX = 0.1F;
     editor.splitY = 0.9F;
-    ResetAllViews(editor);
+    Run("mnuResetAllViews");
     EXPECT_EQ(editor.views[LeftView].panX, 0);
     EXPECT_EQ(editor.gauge.originY, 300);
     EXPECT_EQ(editor.gauge.zoom, 80);
@@ -296,6 +278,7 @@ TEST_F(GesturesTest, ResetBringsViewsCameraAndSplitBack) {
     EXPECT_EQ(editor.camera.yaw, 0.0F);
     EXPECT_EQ(editor.splitX, 0.5F);
     EXPECT_EQ(editor.splitY, 0.5F);
+    EXPECT_EQ(host.layouts, 1);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <set>
 
 #include "examples/SampleKit.h"
@@ -13,6 +12,7 @@
 #include "files/mObjectFile.h"
 #include "scene/mNormals.h"
 #include "scene/mTextureCoords.h"
+#include "support/SceneMaker.h"
 #include "textures/ui/mImageFile.h"
 #include "textures/ui/mOGLTextures.h"
 
@@ -112,8 +112,7 @@ class SampleObjects : public testing::TestWithParam<Sample> {
   protected:
     std::vector<Brush> Stored() {
         const auto bytes = LoadFile(kExamples + GetParam().name + ".kvobject");
-        if (!bytes) return {};
-        return DecodeObject(*bytes, library, false).value_or(std::vector<Brush>{});
+        return bytes ? DecodeObject(*bytes, library, false).value() : std::vector<Brush>{};
     }
 
     TextureLibrary library = Library();
@@ -142,9 +141,7 @@ bool SameMapping(const Brush& a, const Brush& b) {
 double SixfoldVolume(const Brush& brush) {
     double sum = 0;
     for (const BrushFace& face : brush.faces) {
-        const Vec3 a = brush.vertices[std::size_t(face.a)].Position();
-        const Vec3 b = brush.vertices[std::size_t(face.b)].Position();
-        const Vec3 c = brush.vertices[std::size_t(face.c)].Position();
+        const Vec3 a = At(brush, face.a), b = At(brush, face.b), c = At(brush, face.c);
         sum += double(a.x) * (double(b.y) * c.z - double(b.z) * c.y) -
                double(a.y) * (double(b.x) * c.z - double(b.z) * c.x) +
                double(a.z) * (double(b.x) * c.y - double(b.y) * c.x);
@@ -152,27 +149,12 @@ double SixfoldVolume(const Brush& brush) {
     return sum;
 }
 
-/// Whether each side of a triangle is the side of another, run through the other way.
-bool Closed(const Brush& brush) {
-    std::map<std::pair<int, int>, int> sides;
-    for (const BrushFace& face : brush.faces) {
-        const int corners[] = {face.a, face.b, face.c};
-        for (int i = 0; i < 3; ++i) {
-            const int from = corners[i], to = corners[(i + 1) % 3];
-            if (from == to) continue;  // at the poles of a sphere
-            ++sides[{from, to}];
-            --sides[{to, from}];
-        }
-    }
-    return std::ranges::all_of(sides, [](const auto& side) { return side.second == 0; });
-}
-
 TEST_P(SampleObjects, AreClosedAndFaceOutwards) {
     const std::vector<Brush> brushes = Stored();
     EXPECT_GE(brushes.size(), GetParam().leastBrushes);
     for (const Brush& brush : brushes) {
         EXPECT_GT(SixfoldVolume(brush), 0) << brush.name << " of " << brush.group;
-        EXPECT_TRUE(Closed(brush)) << brush.name << " of " << brush.group;
+        EXPECT_TRUE(IsClosed(brush)) << brush.name << " of " << brush.group;
     }
 }
 

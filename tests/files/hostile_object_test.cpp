@@ -156,14 +156,15 @@ FileWriter FileWithVertices(std::int32_t vertices) {
     return file;
 }
 
-/// Faces as small as they come, all of one polygon side and meeting in vertex 0.
-FileWriter FileWithSmallFaces(std::int32_t vertices, std::int32_t faces) {
+/// Faces as small as they come, all of one polygon side; `corner` gives the vertex of a face's
+/// corner 0, 1 or 2.
+FileWriter FileWithFaces(std::int32_t vertices, std::int32_t faces,
+                         std::int32_t (*corner)(std::int32_t face, std::int32_t i)) {
     FileWriter file = FileWithVertices(vertices);
     file.WriteLong(faces);
     for (std::int32_t f = 0; f < faces; ++f) {
-        for (const std::int32_t value : {3, 0, f % vertices, (f + 1) % vertices}) {
-            file.WriteLong(value);
-        }
+        file.WriteLong(3);
+        for (std::int32_t i = 0; i < 3; ++i) file.WriteLong(corner(f, i) % vertices);
         file.Append(52);
         file.WriteLong(-1);  // no material
         file.WriteLong(0);
@@ -172,18 +173,14 @@ FileWriter FileWithSmallFaces(std::int32_t vertices, std::int32_t faces) {
     return file;
 }
 
-/// Faces that share no vertex: the most different vertices for its size.
-FileWriter FileWithLooseFaces(std::int32_t faces) {
-    FileWriter file = FileWithVertices(3 * faces);
-    file.WriteLong(faces);
-    for (std::int32_t f = 0; f < faces; ++f) {
-        for (const std::int32_t value : {3, 3 * f, 3 * f + 1, 3 * f + 2}) file.WriteLong(value);
-        file.Append(52);
-        file.WriteLong(-1);  // no material
-        file.WriteLong(0);
-    }
-    file.WriteLong(0);
-    return file;
+/// All meet in vertex 0.
+std::int32_t FanCorner(std::int32_t face, std::int32_t i) {
+    return i == 0 ? 0 : face + i - 1;
+}
+
+/// No vertex is shared: the most different vertices for the size of the file.
+std::int32_t LooseCorner(std::int32_t face, std::int32_t i) {
+    return 3 * face + i;
 }
 
 TEST(HostileObjectTest, MemoryStaysWithinAFewTimesTheFile) {
@@ -202,10 +199,11 @@ TEST(HostileObjectTest, MemoryStaysWithinAFewTimesTheFile) {
     add("claimed brushes", false, FileWithBrushes(kLargest)).Append(20 * kMany);
     add("empty brushes", true, FileWithBrushes(kMany)).Append(20 * kMany);
     add("claimed faces", false, FileWithVertices(kMany)).WriteLong(kLargest);
-    add("faces of one vertex", true, FileWithSmallFaces(1, kMany));
-    add("a fan of small faces", true, FileWithSmallFaces(2'000, 2'000));
-    add("loose faces", true, FileWithLooseFaces(kMany));
-    add("the same, large enough that nothing is kept", true, FileWithLooseFaces(2 * kMany));
+    add("faces of one vertex", true, FileWithFaces(1, kMany, FanCorner));
+    add("a fan of small faces", true, FileWithFaces(2'000, 2'000, FanCorner));
+    add("loose faces", true, FileWithFaces(3 * kMany, kMany, LooseCorner));
+    add("the same, large enough that nothing is kept", true,
+        FileWithFaces(6 * kMany, 2 * kMany, LooseCorner));
     FileWriter& vertices = add("claimed vertices", false, FileWithBrushes(1));
     vertices.Append(8);
     vertices.WriteLong(kLargest);

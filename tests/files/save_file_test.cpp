@@ -124,9 +124,10 @@ TEST(SaveFileTest, AFullDiskLeavesTheOldFileWhole) {
         const test::FileSizeLimit full(4096);
         EXPECT_FALSE(SaveFile(folder.Path("file"), large));
         EXPECT_FALSE(SaveFile(folder.Path("another"), large));
+        EXPECT_EQ(CreateFile(folder.Path("new"), large), Creation::Failed);
     }
     EXPECT_EQ(FileBytes(folder.Path("file")), kOld);
-    EXPECT_EQ(folder.EntryCount(), 1) << "no temporary file is left";
+    EXPECT_EQ(folder.EntryCount(), 1) << "no part of a file is left";
     EXPECT_TRUE(SaveFile(folder.Path("file"), large)) << "with room again it works";
 }
 
@@ -140,13 +141,6 @@ TEST(CreateFileTest, NeverTouchesWhatIsThere) {
     EXPECT_EQ(CreateFile(folder.Path("link"), kNew), Creation::Exists);
     EXPECT_EQ(CreateFile(folder.Path("missing/file"), kNew), Creation::Failed);
     EXPECT_EQ(folder.EntryCount(), 2);
-}
-
-TEST(CreateFileTest, AFullDiskLeavesNoPartOfTheFile) {
-    const TempFolder folder;
-    const test::FileSizeLimit full(4096);
-    EXPECT_EQ(CreateFile(folder.Path("new"), Bytes(100'000, 1)), Creation::Failed);
-    EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST(LoadFileTest, RefusesWhatIsNoReadableFile) {

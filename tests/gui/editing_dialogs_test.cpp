@@ -99,20 +99,17 @@ TEST_F(EditingDialogsTest, ModelessDialogsOpenOnceAndHideTheMarkerHoweverTheyClo
         [](QDialog* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); },
         [](QDialog* dialog) { dialog->close(); },
     };
-    const struct {
-        const char* command;
-        const char* form;
-    } forms[] = {{"mnuFreeRotate", "frmFreeRotate"}, {"mnuMultiply", "frmMultiply"}};
-    for (const auto& [command, form] : forms) {
+    for (const std::string name : {"FreeRotate", "Multiply"}) {
+        const std::string command = "mnu" + name, form = "frm" + name;
         for (const auto& close : ways) {
-            Choose(command);
-            QDialog* dialog = Open(form);
+            Choose(command.c_str());
+            QDialog* dialog = Open(form.c_str());
             ASSERT_NE(dialog, nullptr) << form;
-            Choose(command);
-            EXPECT_EQ(Open(form), dialog) << "not a second one";
+            Choose(command.c_str());
+            EXPECT_EQ(Open(form.c_str()), dialog) << "not a second one";
             EXPECT_TRUE(Session().scene.markerShown);
             close(dialog);
-            EXPECT_EQ(Open(form), nullptr);
+            EXPECT_EQ(Open(form.c_str()), nullptr) << form;
             EXPECT_FALSE(Session().scene.markerShown);
         }
     }
@@ -195,21 +192,24 @@ class SelectDialogTest : public EditingDialogsTest {
 TEST_F(SelectDialogTest, ListsGroupsBrushesAndTextures) {
     BrushAt(1).group = "walls";
     BrushAt(1).faces[0].texture = Session().textures.IDByFileName("flat.bmp");
-    SelectIn("lstGroups", {0}, "btnCancel");
+    const struct {
+        const char* list;
+        std::vector<int> rows;
+        const char* button;
+        const char* selected;
+    } choices[] = {{"lstGroups", {0}, "btnCancel", "--"},
+                   {"lstGroups", {1}, "btnOkay", "-*"},
+                   {"lstTextures", {1}, "btnOkay", "-*"},
+                   {"lstBrushes", {0}, "btnOkay", "*-"},
+                   {"lstBrushes", {0, 1}, "btnOkay", "**"}};
+    for (const auto& choice : choices) {
+        Choose("mnuUnSelect");
+        SelectIn(choice.list, choice.rows, choice.button);
+        EXPECT_EQ(Selected(), choice.selected) << choice.list;
+    }
     EXPECT_THAT(captions,
                 ElementsAre("Groups", " <Non-Grouped-Brushes> ", "walls", "Brushes", "Brush-0000",
                             "Brush-0001", "Textures", " <Non-Textured> ", "flat"));
-    EXPECT_EQ(Selected(), "--") << "cancelled";
-    SelectIn("lstGroups", {1}, "btnOkay");
-    EXPECT_EQ(Selected(), "-*");
-    SelectIn("lstBrushes", {0}, "btnOkay");
-    EXPECT_EQ(Selected(), "**") << "the dialog only adds";
-    Choose("mnuUnSelect");
-    SelectIn("lstTextures", {1}, "btnOkay");
-    EXPECT_EQ(Selected(), "-*");
-    Choose("mnuUnSelect");
-    SelectIn("lstBrushes", {0, 1}, "btnOkay");
-    EXPECT_EQ(Selected(), "**");
     EXPECT_EQ(Text("txtBrushName"), "*Multiple Brushes*");
     EXPECT_THAT(prompts.messages, IsEmpty());
 }

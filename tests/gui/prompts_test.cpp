@@ -49,15 +49,12 @@ TEST(QtPromptsTest, BoxShowsTextTitleIconAndButtons) {
 
 TEST(QtPromptsTest, EscapeMeansTheHarmlessAnswer) {
     QtPrompts prompts;
-    const auto escape = [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); };
-    WhenOpen<QMessageBox>(escape);
-    EXPECT_EQ(prompts.ShowMessage({"?", "!", MessageIcon::Question, MessageButtons::YesNo}),
-              Answer::No);
-    WhenOpen<QMessageBox>(escape);
-    EXPECT_EQ(prompts.ShowMessage({"?", "!", MessageIcon::Question, MessageButtons::YesNoCancel}),
-              Answer::Cancel);
-    WhenOpen<QMessageBox>(escape);
-    EXPECT_EQ(prompts.ShowMessage({"!", "!", MessageIcon::Stop, MessageButtons::Ok}), Answer::Ok);
+    for (const auto& [buttons, answer] : {std::pair(MessageButtons::YesNo, Answer::No),
+                                          {MessageButtons::YesNoCancel, Answer::Cancel},
+                                          {MessageButtons::Ok, Answer::Ok}}) {
+        WhenOpen<QMessageBox>([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); });
+        EXPECT_EQ(prompts.ShowMessage({"?", "!", MessageIcon::Question, buttons}), answer);
+    }
 }
 
 TEST(QtPromptsTest, BoxBelongsToAWindowThatIsNotActiveYet) {

@@ -34,40 +34,6 @@ class StoryTest : public GuiTest {
     }
 };
 
-TEST_F(StoryTest, DrawnBoxHasTheDraggedCorners) {
-    DrawBox();
-    ASSERT_EQ(Session().scene.brushes.size(), 1U);
-    EXPECT_THAT(Corners(Session().scene.brushes[0]), kBoxCorners);
-    EXPECT_TRUE(Session().scene.brushes[0].selected);
-    EXPECT_EQ(Title(), "Korvane - New_Object*");
-}
-
-TEST_F(StoryTest, DrawnBoxShowsItsEdgesInEveryView) {
-    DrawBox();
-    constexpr QRgb kSelected = qRgb(255, 0, 0);
-    struct Edge {
-        int view;
-        Vec3 on;        // a point of an edge, away from corners and grid lines
-        bool vertical;  // how the edge runs on the screen
-    };
-    const Edge edges[] = {
-        {TopView, {-1, 0, 0.3F}, true},   {TopView, {1, 0, 0.3F}, true},
-        {TopView, {0.3F, 0, -1}, false},  {TopView, {0.3F, 0, 1.5F}, false},
-        {LeftView, {0, 0.7F, -1}, true},  {LeftView, {0, 0.7F, 1.5F}, true},
-        {LeftView, {0, 0, 0.3F}, false},  {LeftView, {0, 2, 0.3F}, false},
-        {FrontView, {-1, 0.7F, 0}, true}, {FrontView, {1, 0.7F, 0}, true},
-        {FrontView, {0.3F, 0, 0}, false}, {FrontView, {0.3F, 2, 0}, false},
-    };
-    for (const Edge& edge : edges) {
-        const QImage shown = Shown(Find(QString("pbView%1").arg(edge.view)));
-        const QPoint at = At(edge.view, edge.on);
-        const QPoint aside = edge.vertical ? QPoint(1, 0) : QPoint(0, 1);
-        EXPECT_EQ(shown.pixel(at), kSelected) << edge.view << " " << at.x() << "," << at.y();
-        EXPECT_NE(shown.pixel(at + aside), kSelected) << edge.view;
-        EXPECT_NE(shown.pixel(at - aside), kSelected) << edge.view;
-    }
-}
-
 TEST_F(StoryTest, DrawnBoxShowsItsTextureInThePreview) {
     SelectFlatTexture();
     DrawBox();
@@ -83,56 +49,30 @@ TEST_F(StoryTest, DrawnBoxShowsItsTextureInThePreview) {
     EXPECT_TRUE(Near(Shown(preview).pixel(centre), plain, 4));
 }
 
-TEST_F(StoryTest, SavedBoxOpensAsTheSame) {
+TEST_F(StoryTest, DrawnBoxIsSavedAndOpensAsTheSame) {
     SelectFlatTexture();
     DrawBox();
-    const std::string path = PathOf("box.kvobject");
-    prompts.paths = {path};
+    ASSERT_EQ(Session().scene.brushes.size(), 1U);
+    EXPECT_THAT(Corners(Session().scene.brushes[0]), kBoxCorners);
+    EXPECT_TRUE(Session().scene.brushes[0].selected);
+    EXPECT_EQ(Title(), "Korvane - New_Object*");
+    prompts.paths = {PathOf("box.kvobject")};
     Choose("mnuSave");
     EXPECT_EQ(Title(), "Korvane - box");
-    const QByteArray saved = ReadAll(QString::fromStdString(path));
-    EXPECT_TRUE(saved.startsWith("OBSF"));
+    const QByteArray saved = ReadAll(folder.filePath("box.kvobject"));
 
     Choose("mnuNew");
     EXPECT_THAT(Session().scene.brushes, IsEmpty());
     EXPECT_EQ(Title(), "Korvane - New_Object");
-
-    prompts.paths = {path};
+    prompts.paths = {PathOf("box.kvobject"), PathOf("again.kvobject")};
     Choose("mnuOpen");
     EXPECT_EQ(Title(), "Korvane - box");
     ASSERT_EQ(Session().scene.brushes.size(), 1U);
-    const Brush& brush = Session().scene.brushes[0];
-    EXPECT_THAT(Corners(brush), kBoxCorners);
-    EXPECT_EQ(brush.faces[0].texture, Session().textures.IDByFileName("flat.bmp"));
-
-    const std::string again = PathOf("again.kvobject");
-    prompts.paths = {again};
+    EXPECT_THAT(Corners(Session().scene.brushes[0]), kBoxCorners);
+    EXPECT_EQ(Session().scene.brushes[0].faces[0].texture, Session().textures.Selected());
     Choose("mnuSaveAs");
-    EXPECT_EQ(ReadAll(QString::fromStdString(again)), saved);
+    EXPECT_EQ(ReadAll(folder.filePath("again.kvobject")), saved);
     EXPECT_THAT(prompts.messages, IsEmpty());
-}
-
-TEST_F(StoryTest, BadFileIsRefused) {
-    QFile bad(folder.filePath("bad.kvobject"));
-    ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
-    bad.write("OBSF and nothing that belongs here");
-    bad.close();
-    prompts.paths = {PathOf("bad.kvobject")};
-    Choose("mnuOpen");
-    ASSERT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].text, "Error: Invalid Korvane File Format!");
-    EXPECT_EQ(prompts.messages[0].title, "Error!");
-    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Exclamation);
-}
-
-TEST_F(StoryTest, EscapeEndsTheDragWithoutABrush) {
-    QWidget* top = Find("pbView0");
-    QTest::mousePress(top, Qt::LeftButton, {}, At(TopView, {-1, 0, -1}));
-    QTest::mouseMove(top, At(TopView, {1, 0, 1}));
-    QTest::keyClick(window.get(), Qt::Key_Escape);
-    QTest::mouseRelease(top, Qt::LeftButton, {}, At(TopView, {1, 0, 1}));
-    EXPECT_THAT(Session().scene.brushes, IsEmpty());
-    EXPECT_EQ(Title(), "Korvane - New_Object");
 }
 
 }  // namespace

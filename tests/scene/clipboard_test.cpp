@@ -27,24 +27,18 @@ class ClipboardTest : public testing::Test, protected SceneMaker {
         }
         return places;
     }
-
-    std::string Selected() const {
-        std::string flags;
-        for (const Brush& brush : scene.brushes) flags += brush.selected ? '1' : '0';
-        return flags;
-    }
 };
 
 TEST_F(ClipboardTest, DeletingKeepsTheOthersInOrderAndNumbersThem) {
     Brushes()[0].name = "own name";
     for (const std::size_t i : {2U, 3U, 4U}) Brushes()[i].selected = true;
-    DeleteSelectedBrushes(scene);
+    DeleteSelectedFlags(scene.brushes);
     EXPECT_EQ(Places(), "015");
     for (std::int32_t i = 0; i < 3; ++i) {
         EXPECT_EQ(Brushes()[static_cast<std::size_t>(i)].name, DefaultBrushName(i));
     }
     Brushes()[1].name = "kept";
-    DeleteSelectedBrushes(scene);
+    DeleteSelectedFlags(scene.brushes);
     EXPECT_EQ(Brushes()[1].name, "kept") << "nothing was deleted";
 }
 
@@ -64,7 +58,7 @@ TEST_F(ClipboardTest, APasteIsAFullCopyWithoutInnerSelection) {
     PasteClipboard(scene);
     ASSERT_EQ(Brushes().size(), 8U);
     EXPECT_EQ(Places(), "01234533");
-    EXPECT_EQ(Selected(), "00000001") << "the last paste only";
+    EXPECT_EQ(SelectedFlags(scene.brushes), "00000001") << "the last paste only";
     const Brush& copy = Brushes()[7];
     EXPECT_EQ(copy.name, "Brush-0007");
     EXPECT_EQ(copy.group, "castle");
@@ -77,26 +71,24 @@ TEST_F(ClipboardTest, APasteIsAFullCopyWithoutInnerSelection) {
 }
 
 TEST_F(ClipboardTest, TextsSelectIgnoringCaseAndAddToTheSelection) {
-    Brushes()[0].name = "Box";
-    Brushes()[1].name = "b\u00D6x";
-    Brushes()[2].name = "box";
-    for (const std::size_t i : {3U, 4U}) Brushes()[i].group = i == 3 ? "Wall" : "wALL";
-    Brushes()[2].faces[0].selected = true;
-    Brushes()[2].vertices[0].selected = true;
+    const std::vector<std::string> names = {"Box", "b\u00D6x", "box", "", "", ""};
+    const std::vector<std::string> groups = {"", "", "", "Wall", "wALL", ""};
+    for (std::size_t i = 0; i < 6; ++i) {
+        Brushes()[i].name = names[i];
+        Brushes()[i].group = groups[i];
+        Brushes()[i].faces[0].selected = true;
+        Brushes()[i].vertices[0].selected = true;
+    }
     Brushes()[5].selected = true;
-    Brushes()[5].faces[0].selected = true;
     SelectByName(scene, std::vector<std::string>{"BOX"});
-    EXPECT_EQ(Selected(), "101001");
+    EXPECT_EQ(SelectedFlags(scene.brushes), "101001");
     EXPECT_FALSE(Brushes()[2].faces[0].selected);
     EXPECT_FALSE(Brushes()[2].vertices[0].selected);
     EXPECT_TRUE(Brushes()[5].faces[0].selected) << "others keep their state";
     SelectByName(scene, std::vector<std::string>{"B\u00F6X", "no such name"});
-    EXPECT_EQ(Selected(), "111001");
+    EXPECT_EQ(SelectedFlags(scene.brushes), "111001");
     SelectByGroup(scene, std::vector<std::string>{"wall"});
-    EXPECT_EQ(Selected(), "111111");
-    UnselectAllBrushes(scene);
-    SelectByGroup(scene, std::vector<std::string>{""});
-    EXPECT_EQ(Selected(), "111001");
+    EXPECT_EQ(SelectedFlags(scene.brushes), "111111");
 }
 
 TEST_F(ClipboardTest, ATextureSelectsItsWearersAndLeavesTheirFacesAlone) {
@@ -104,27 +96,22 @@ TEST_F(ClipboardTest, ATextureSelectsItsWearersAndLeavesTheirFacesAlone) {
     Brushes()[4].faces[0].texture = 0;
     Brushes()[1].faces[3].selected = true;
     SelectByTexture(scene, std::vector<std::int32_t>{2});
-    EXPECT_EQ(Selected(), "010000");
+    EXPECT_EQ(SelectedFlags(scene.brushes), "010000");
     EXPECT_TRUE(Brushes()[1].faces[3].selected);
     SelectByTexture(scene, std::vector<std::int32_t>{0});
-    EXPECT_EQ(Selected(), "010010");
+    EXPECT_EQ(SelectedFlags(scene.brushes), "010010");
 }
 
 TEST_F(ClipboardTest, APolygonIsToggledByThePickedFace) {
     Brush& brush = Brushes()[0];
-    const auto flags = [&] {
-        std::string text;
-        for (const BrushFace& face : brush.faces) text += face.selected ? '1' : '0';
-        return text;
-    };
     brush.faces[1].selected = true;
     ToggleFacePolygon(brush, 0);  // the top cap: faces 0 and 1
-    EXPECT_EQ(flags(), "110000000000");
+    EXPECT_EQ(SelectedFlags(brush.faces), "110000000000");
     ToggleFacePolygon(brush, 5);
-    EXPECT_EQ(flags(), "110011000000");
+    EXPECT_EQ(SelectedFlags(brush.faces), "110011000000");
     const auto revision = brush.revision;
     ToggleFacePolygon(brush, 1);
-    EXPECT_EQ(flags(), "000011000000");
+    EXPECT_EQ(SelectedFlags(brush.faces), "000011000000");
     EXPECT_NE(brush.revision, revision);
 }
 

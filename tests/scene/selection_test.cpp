@@ -1,6 +1,8 @@
 // Faces and vertices count only inside selected brushes; what UnSelect clears depends on the mode.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "scene/mSelection.h"
 #include "support/SceneMaker.h"
 
@@ -20,11 +22,7 @@ SceneMaker ThreeBoxes() {
     return maker;
 }
 
-struct Counts {
-    std::int32_t brushes, faces, vertices;
-
-    friend bool operator==(const Counts&, const Counts&) = default;
-};
+using Counts = std::array<std::int32_t, 3>;  ///< selected brushes, faces and vertices
 
 Counts Count(const Scene& scene) {
     return {CountSelectedBrushes(scene), CountSelectedFaces(scene), CountSelectedVertices(scene)};

@@ -105,19 +105,6 @@ TEST(TextureCoordsTest, FlipAndMirrorBeforeRotation) {
     }
 }
 
-TEST(TextureCoordsTest, LocalMappingSpansTheBrushWhateverItsSize) {
-    SceneMaker maker;
-    Brush& box = maker.Create(Box, 4, {2, 0, -7}, {6, 0.01F, 900});
-    for (BrushFace& face : box.faces) face.localCoords = true;
-    UpdateTextureCoords(box, maker.Space());
-    for (const BrushFace& face : box.faces) {
-        for (const TexCoord& t : face.uv) {
-            EXPECT_TRUE(std::fabs(t.u) == 1 || t.u == 0) << t.u;
-            EXPECT_TRUE(std::fabs(t.v) == 1 || t.v == 0) << t.v;
-        }
-    }
-}
-
 TEST(TextureCoordsTest, LocalMappingWithoutExtentGivesTheOffset) {
     Brush brush = OneFace({0, 0, 1});
     for (Vertex& v : brush.vertices) v.x = 2;
@@ -126,34 +113,6 @@ TEST(TextureCoordsTest, LocalMappingWithoutExtentGivesTheOffset) {
     face.repeatX = 3;
     face.offsetX = 0.75F;
     EXPECT_EQ(SecondCorner(brush), (TexCoord{0.75F, 1}));
-}
-
-TEST(AssignTextureTest, WholeBrushes) {
-    SceneMaker maker;
-    for (int i = 0; i < 2; ++i) maker.Create(Box, 4, {0, 0, 0}, {1, 1, 1});
-    maker.scene.brushes[1].selected = true;
-    maker.library.SelectTexture(2);
-    AssignTextureToSelectedBrushes(maker.scene, maker.library);
-    for (const BrushFace& face : maker.scene.brushes[0].faces) EXPECT_EQ(face.texture, 1);
-    for (const BrushFace& face : maker.scene.brushes[1].faces) EXPECT_EQ(face.texture, 2);
-}
-
-TEST(AssignTextureTest, SelectedFacesOfSelectedBrushes) {
-    SceneMaker maker;
-    for (int i = 0; i < 3; ++i) {
-        Brush& brush = maker.Create(Box, 4, {0, 0, 0}, {1, 1, 1});
-        brush.selected = i > 0;
-        brush.faces[5].selected = i < 2;
-    }
-    const std::uint64_t untouched = maker.scene.brushes[2].revision;
-    const TexCoord before = maker.scene.brushes[1].faces[5].uv[0];
-    maker.library.SelectTexture(2);
-    AssignTextureToSelectedFaces(maker.scene, maker.Space());
-    EXPECT_EQ(maker.scene.brushes[0].faces[5].texture, 1);
-    EXPECT_EQ(maker.scene.brushes[1].faces[5].texture, 2);
-    EXPECT_EQ(maker.scene.brushes[1].faces[4].texture, 1);
-    EXPECT_EQ(maker.scene.brushes[2].revision, untouched);
-    EXPECT_FALSE(maker.scene.brushes[1].faces[5].uv[0] == before);
 }
 
 }  // namespace

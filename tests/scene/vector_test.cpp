@@ -25,18 +25,6 @@ TEST(VectorTest, MidpointOfHugePointsDoesNotOverflow) {
     EXPECT_EQ(Midpoint({-3e38F, 3e38F, 3e38F}, {3e38F, 3e38F, -3e38F}), (Vec3{0, 3e38F, 0}));
 }
 
-TEST(VectorTest, DegreesUseTheWrittenPi) {
-    EXPECT_EQ(DegToRad(180), 3.14159265358979);
-    EXPECT_EQ(DegToRad(45), 45 * 3.14159265358979 / 180);
-}
-
-TEST(VectorTest, QuarterTurns) {
-    const double quarter = DegToRad(90);
-    ExpectNear(TransformPoint(MatrixRotateX(quarter), {0, 1, 0}), {0, 0, 1});
-    ExpectNear(TransformPoint(MatrixRotateY(quarter), {0, 0, 1}), {1, 0, 0});
-    ExpectNear(TransformPoint(MatrixRotateZ(quarter), {1, 0, 0}), {0, 1, 0});
-}
-
 TEST(VectorTest, ProductAppliesTheRightFactorFirst) {
     const Matrix4 turn = MatrixRotateZ(DegToRad(90));
     const Matrix4 move = MatrixTranslate(10, 20, 30);

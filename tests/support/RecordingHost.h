@@ -60,11 +60,13 @@ struct ScriptedPrompts : Prompts {
     std::vector<Message> messages;
     std::deque<std::optional<Color>> colors;
     std::vector<Color> askedColors;
+    std::function<void()> whenAsked = [] {};  ///< what happens while a message is shown
     std::vector<FileDialog> openDialogs;
     std::vector<FileDialog> saveDialogs;
 
     Answer ShowMessage(const Message& message) override {
         messages.push_back(message);
+        whenAsked();
         if (answers.empty()) {
             switch (message.buttons) {
                 case MessageButtons::Ok:

@@ -11,8 +11,9 @@
 #include "editor/mViewGestures.h"
 #include "editor/mViews.h"
 #include "files/mObjectFile.h"
-#include "scene/mBrush.h"
+#include "scene/mNormals.h"
 #include "support/RecordingHost.h"
+#include "support/SceneMaker.h"
 #include "support/TempFolder.h"
 
 namespace korvane::test {
@@ -44,6 +45,14 @@ class SessionTest : public testing::Test {
         return Brushes().back();
     }
 
+    Brush& AddSelected(const Vec3& min, const Vec3& max) {
+        Brush& brush = AddBox(min, max);
+        brush.selected = true;
+        return brush;
+    }
+
+    Bounds BoundsOf(std::size_t brush) const { return BrushBounds(editor.scene.brushes.at(brush)); }
+
     void Drag(int view, const MouseInput& from, const MouseInput& to) {
         PressView(editor, view, from);
         MoveOverView(editor, view, to);
@@ -72,12 +81,7 @@ class SessionTest : public testing::Test {
         return std::distance(files, std::filesystem::directory_iterator());
     }
 
-    /// Whether each brush is selected, as "1" and "0".
-    std::string Selected() const {
-        std::string flags;
-        for (const Brush& brush : editor.scene.brushes) flags += brush.selected ? '1' : '0';
-        return flags;
-    }
+    std::string Selected() const { return SelectedFlags(editor.scene.brushes); }
 
     TempFolder folder;
     RecordingHost host;

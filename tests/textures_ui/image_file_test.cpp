@@ -3,6 +3,7 @@
 
 #include <QImageReader>
 #include <QTemporaryDir>
+#include <utility>
 
 #include "support/ImageFiles.h"
 #include "textures/ui/mImageFile.h"
@@ -16,6 +17,12 @@ class ImageFileTest : public testing::Test {
   protected:
     QString Path(const char* name) const { return folder_.filePath(name); }
     ImageCode Load(const char* name) { return LoadImageFile(Path(name).toStdString(), image_); }
+
+    QByteArray ReadFile(const char* name) const {
+        QFile file(Path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
 
     /// Colour of a pixel of the buffer, y counted from the bottom.
     QRgb Pixel(int x, int y) const {
@@ -50,12 +57,10 @@ TEST_F(ImageFileTest, ReadsEveryFormat) {
     WriteFile(Path("c.gif"), GifOfFourCorners(64, 32));
     WriteFile(Path("d.TGA"), TgaOf(picture));
     SavePicture(Path("gray.jpe"), "jpeg", QImage(32, 32, QImage::Format_Grayscale8));
-    struct Case {
-        const char* name;
-        int tolerance;
-    };
-    for (const auto& [name, tolerance] :
-         {Case{"a.bmp", 0}, Case{"b.JPG", 12}, Case{"c.gif", 0}, Case{"d.TGA", 0}}) {
+    SavePicture(Path("content decides.jpg"), "bmp", picture);
+    const std::pair<const char*, int> cases[] = {
+        {"a.bmp", 0}, {"b.JPG", 12}, {"c.gif", 0}, {"d.TGA", 0}, {"content decides.jpg", 0}};
+    for (const auto& [name, tolerance] : cases) {
         SCOPED_TRACE(name);
         EXPECT_EQ(Load(name), ImageLoaded);
         ExpectFourCorners(64, 32, tolerance);
@@ -70,17 +75,8 @@ TEST_F(ImageFileTest, RowsOfOddWidthCarryNoPadding) {
     EXPECT_EQ(PictureOf(image_).convertToFormat(QImage::Format_RGB32), FourCorners(7, 3));
 }
 
-TEST_F(ImageFileTest, ContentDecidesAmongTheThreeFormats) {
-    SavePicture(Path("bitmap.jpg"), "bmp", FourCorners(32, 32));
-    SavePicture(Path("portable.bmp"), "png", FourCorners(32, 32));
-    EXPECT_EQ(Load("bitmap.jpg"), ImageLoaded);
-    EXPECT_EQ(Load("portable.bmp"), ImageFormatRefused);
-}
-
 TEST_F(ImageFileTest, APhotographIsNotTurned) {
     SavePicture(Path("photo.jpg"), "jpeg", FourCorners(64, 32));
-    QFile file(Path("photo.jpg"));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     // Behind the start mark: an Exif block whose only entry says "turned by 90 degrees".
     const QByteArray turned = QByteArray::fromHex(
         "FFE10022457869660000"
@@ -88,10 +84,7 @@ TEST_F(ImageFileTest, APhotographIsNotTurned) {
         "0001"
         "011200030000000100060000"
         "00000000");
-    const QByteArray jpeg = file.readAll().insert(2, turned);
-    file.seek(0);
-    file.write(jpeg);
-    file.close();
+    WriteFile(Path("photo.jpg"), ReadFile("photo.jpg").insert(2, turned));
     QImageReader reader(Path("photo.jpg"));
     ASSERT_EQ(reader.transformation(), QImageIOHandler::TransformationRotate90);
     ASSERT_EQ(Load("photo.jpg"), ImageLoaded);
@@ -100,28 +93,21 @@ TEST_F(ImageFileTest, APhotographIsNotTurned) {
 
 TEST_F(ImageFileTest, RefusalsTellWhy) {
     WriteFile(Path("text.jpg"), "no picture at all");
+    SavePicture(Path("portable.bmp"), "png", FourCorners(32, 32));
     WriteFile(Path("empty.gif"), "");
     WriteFile(Path("empty.tga"), "");
     WriteFile(Path("palette.tga"), QByteArray("\0\1\1\0\0\0\0\x18\0\0\0\0\x20\0\x20\0\x18\0", 18));
-    QByteArray cut;
-    {
-        SavePicture(Path("whole.bmp"), "bmp", FourCorners(64, 64));
-        QFile file(Path("whole.bmp"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        cut = file.read(40);
-    }
-    WriteFile(Path("cut.bmp"), cut);
+    SavePicture(Path("whole.bmp"), "bmp", FourCorners(64, 64));
+    WriteFile(Path("cut.bmp"), ReadFile("whole.bmp").left(40));
     QDir(folder_.path()).mkdir("folder.jpg");
-    struct Case {
-        const char* name;
-        ImageCode code;
-    };
-    for (const auto& [name, code] :
-         {Case{"absent.jpg", ImageFileMissing}, Case{"absent.tga", ImageFileMissing},
-          Case{"absent\\", ImageFileMissing}, Case{"folder.jpg", ImageIsFolder},
-          Case{"folder.jpg/", ImageIsFolder}, Case{"text.jpg", ImageFormatRefused},
-          Case{"empty.gif", ImageFormatRefused}, Case{"cut.bmp", ImageFormatRefused},
-          Case{"empty.tga", ImageDepthTooLow}, Case{"palette.tga", ImageTypeUnknown}}) {
+    const std::pair<const char*, ImageCode> cases[] = {
+        {"absent.jpg", ImageFileMissing},     {"absent.tga", ImageFileMissing},
+        {"absent\\", ImageFileMissing},       {"folder.jpg", ImageIsFolder},
+        {"folder.jpg/", ImageIsFolder},       {"text.jpg", ImageFormatRefused},
+        {"portable.bmp", ImageFormatRefused}, {"empty.gif", ImageFormatRefused},
+        {"cut.bmp", ImageFormatRefused},      {"empty.tga", ImageDepthTooLow},
+        {"palette.tga", ImageTypeUnknown}};
+    for (const auto& [name, code] : cases) {
         EXPECT_EQ(Load(name), code) << name;
     }
     EXPECT_EQ(image_.width, 0) << "a refused file leaves the image alone";
@@ -129,11 +115,8 @@ TEST_F(ImageFileTest, RefusalsTellWhy) {
 
 TEST_F(ImageFileTest, AHugeHeaderTakesNoMemory) {
     SavePicture(Path("huge.bmp"), "bmp", FourCorners(32, 32));
-    QFile file(Path("huge.bmp"));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.seek(18);
-    file.write("\xFF\x7F\0\0\xFF\x7F\0\0", 8);  // 32767 x 32767
-    file.close();
+    const QByteArray size("\xFF\x7F\0\0\xFF\x7F\0\0", 8);  // 32767 x 32767
+    WriteFile(Path("huge.bmp"), ReadFile("huge.bmp").replace(18, 8, size));
     EXPECT_EQ(Load("huge.bmp"), ImageFormatRefused);
 }
 

@@ -97,16 +97,6 @@ TEST_F(LoadTexturesTest, TheTextureHoldsTheImageAndRepeats) {
     EXPECT_EQ(parameter(GL_TEXTURE_MAG_FILTER), GLenum{GL_LINEAR});
 }
 
-TEST_F(LoadTexturesTest, ATextureThatFailsTakesNoObject) {
-    Bitmap("large.bmp", 300, 300);
-    Bitmap("flat.bmp", 64, 16);
-    cDIBSection image;
-    for (const char* name : {"large.bmp", "flat.bmp", "absent.bmp"}) {
-        EXPECT_FALSE(LoadTexture(context_, objects_, Path(name).toStdString(), image)) << name;
-    }
-    EXPECT_TRUE(objects_.empty());
-}
-
 TEST_F(LoadTexturesTest, OnlyImageNamesAreTriedSortedIgnoringCase) {
     for (const char* name : {"b.BMP", "a.tga", "C.JpG", "ab.jpeg", "x.jpe", "y.gif", "a.b", ".bmp",
                              "readme", "notes.txt", "jpg", "wall.jpg.bak", "Ab.gif", "ab.gif"}) {
@@ -138,13 +128,6 @@ TEST_F(LoadTexturesTest, FailedFilesKeepTheirNumberButShiftNoIndex) {
     EXPECT_EQ(library_.TextureName(2), "c");
     EXPECT_EQ(pictures_[4].pixel(0, 0), qRgb(255, 0, 0)) << "upright";
     EXPECT_EQ(library_.Selected(), 0);
-}
-
-TEST_F(LoadTexturesTest, AnEmptyFolderLeavesThePlaceholder) {
-    LoadAll();
-    EXPECT_THAT(Entries(), ElementsAre(""));
-    EXPECT_EQ(library_.TextureName(0), "NO Material");
-    EXPECT_TRUE(log_.lines.empty());
 }
 
 TEST_F(LoadTexturesTest, AnErrorIsLoggedAndTheNextFileIsLoaded) {

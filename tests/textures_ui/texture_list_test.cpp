@@ -9,7 +9,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include "support/RecordingHost.h"
+#include "support/SessionFixture.h"
 #include "textures/ui/ucTextureList.h"
 
 namespace korvane {
@@ -39,23 +39,24 @@ TEST(TextureListLayoutTest, FollowsTheArithmetic) {
         {"no width", 0, 4, 0, 0, 0, true, 4, 0, 0, 1},
     };
     for (const LayoutCase& c : cases) {
+        SCOPED_TRACE(c.what);
         const TextureListLayout layout = LayOutTextureList(c.width, c.count, c.selected, c.scroll);
-        EXPECT_EQ(layout.visible, c.visible) << c.what;
-        EXPECT_EQ(layout.scrollEnabled, c.enabled) << c.what;
-        EXPECT_EQ(layout.scrollMaximum, c.maximum) << c.what;
-        EXPECT_EQ(layout.first, c.first) << c.what;
-        EXPECT_EQ(layout.last, c.last) << c.what;
-        EXPECT_EQ(layout.highlightShown ? layout.highlightLeft : -99, c.highlight) << c.what;
+        EXPECT_EQ(layout.visible, c.visible);
+        EXPECT_EQ(layout.scrollEnabled, c.enabled);
+        EXPECT_EQ(layout.scrollMaximum, c.maximum);
+        EXPECT_EQ(layout.first, c.first);
+        EXPECT_EQ(layout.last, c.last);
+        EXPECT_EQ(layout.highlightShown ? layout.highlightLeft : -99, c.highlight);
     }
 }
 
-class TextureListTest : public testing::Test {
+class TextureListTest : public test::SessionTest {
   protected:
     TextureListTest() {
         for (int i = 0; i < kCount; ++i) {
             QImage picture(32, 64, QImage::Format_RGB32);
             picture.fill(ColorOf(i));
-            if (i > 0) editor_.textures.AddTexture("t" + std::to_string(i) + ".bmp", 32, 64);
+            if (i > 0) editor.textures.AddTexture("t" + std::to_string(i) + ".bmp", 32, 64);
             list_.AddThumbnail(picture);
         }
         list_.resize(5 * kThumbnailPitch, list_.sizeHint().height());
@@ -80,10 +81,7 @@ class TextureListTest : public testing::Test {
     }
 
     static constexpr int kCount = 12;
-    test::RecordingHost host_;
-    test::ScriptedPrompts prompts_;
-    Editor editor_{host_, prompts_};
-    ucTextureList list_{editor_};
+    ucTextureList list_{editor};
 };
 
 TEST_F(TextureListTest, ShowsThumbnailsHighlightAndBackdrop) {
@@ -92,8 +90,8 @@ TEST_F(TextureListTest, ShowsThumbnailsHighlightAndBackdrop) {
     Bar().setValue(3);
     list_.SelectTexture(5);
     const auto toQt = [](Color c) { return QColor(int(Red(c)), int(Green(c)), int(Blue(c))); };
-    const QColor frame = toQt(editor_.settings.colors[ColorItem::TextureListSelection]);
-    const QColor backdrop = toQt(editor_.settings.colors[ColorItem::TextureListBackground]);
+    const QColor frame = toQt(editor.settings.colors[ColorItem::TextureListSelection]);
+    const QColor backdrop = toQt(editor.settings.colors[ColorItem::TextureListBackground]);
     const int left = kThumbnailLeft + 2 * kThumbnailPitch;
     EXPECT_EQ(Shown({left, kThumbnailTop}), ColorOf(5));
     EXPECT_EQ(Shown({left + 63, kThumbnailTop + 63}), ColorOf(5)) << "stretched to a square";
@@ -101,14 +99,14 @@ TEST_F(TextureListTest, ShowsThumbnailsHighlightAndBackdrop) {
     EXPECT_EQ(Shown({left + 65, kThumbnailTop + 65}), frame);
     EXPECT_EQ(Shown({left - 3, kThumbnailTop}), backdrop);
     EXPECT_EQ(Shown(Place(0)), ColorOf(3));
-    editor_.settings.colors[ColorItem::TextureListSelection] = MakeColor(1, 2, 3);
+    editor.settings.colors[ColorItem::TextureListSelection] = MakeColor(1, 2, 3);
     list_.RefreshList();
     EXPECT_EQ(Shown({left - 2, kThumbnailTop - 2}), QColor(1, 2, 3));
 }
 
 TEST_F(TextureListTest, AMissingThumbnailShiftsNoOther) {
-    editor_.textures.AddTexture("without thumbnail.bmp", 32, 32);
-    editor_.textures.AddTexture("next.bmp", 32, 32);
+    editor.textures.AddTexture("without thumbnail.bmp", 32, 32);
+    editor.textures.AddTexture("next.bmp", 32, 32);
     QImage picture(32, 32, QImage::Format_RGB32);
     picture.fill(Qt::yellow);
     list_.AddThumbnail(picture);
@@ -116,7 +114,7 @@ TEST_F(TextureListTest, AMissingThumbnailShiftsNoOther) {
     Bar().setValue(Bar().maximum());
     EXPECT_EQ(Shown(Place(2)), ColorOf(kCount - 1));
     EXPECT_EQ(Shown(Place(3)),
-              QColor::fromRgb(editor_.settings.colors[ColorItem::TextureListBackground]));
+              QColor::fromRgb(editor.settings.colors[ColorItem::TextureListBackground]));
     EXPECT_EQ(Shown(Place(4)), QColor(Qt::yellow));
 }
 
@@ -124,7 +122,7 @@ TEST_F(TextureListTest, AClickSelectsFirstAndTellsThen) {
     Bar().setValue(4);
     std::int32_t selectedAtSignal = -1;
     QObject::connect(&list_, &ucTextureList::Click, &list_,
-                     [&](int) { selectedAtSignal = editor_.textures.Selected(); });
+                     [&](int) { selectedAtSignal = editor.textures.Selected(); });
     QSignalSpy clicks(&list_, &ucTextureList::Click);
     QTest::mouseClick(&list_, Qt::LeftButton, {}, Place(2));
     ASSERT_EQ(clicks.size(), 1);
@@ -138,16 +136,13 @@ TEST_F(TextureListTest, AClickSelectsFirstAndTellsThen) {
     }
     QTest::mouseClick(&list_, Qt::RightButton, {}, Place(1));
     EXPECT_EQ(clicks.size(), 2);
-    EXPECT_EQ(editor_.textures.Selected(), 6);
+    EXPECT_EQ(editor.textures.Selected(), 6);
 }
 
 TEST_F(TextureListTest, SelectingFromOutsideTellsNobody) {
     QSignalSpy clicks(&list_, &ucTextureList::Click);
-    list_.SelectTexture(3);
-    EXPECT_EQ(editor_.textures.Selected(), 3);
-    list_.SelectTexture(kCount);
-    list_.SelectTexture(-1);
-    EXPECT_EQ(editor_.textures.Selected(), 3);
+    for (const int index : {3, kCount, -1}) list_.SelectTexture(index);
+    EXPECT_EQ(editor.textures.Selected(), 3);
     EXPECT_TRUE(clicks.empty());
 }
 
@@ -160,30 +155,26 @@ TEST_F(TextureListTest, TheTooltipNamesTheThumbnail) {
 }
 
 TEST_F(TextureListTest, TheWheelScrollsByWholeSteps) {
-    Wheel(-120);
-    EXPECT_EQ(Bar().value(), 1);
-    Wheel(-60);
-    EXPECT_EQ(Bar().value(), 1);
-    Wheel(-60);
-    EXPECT_EQ(Bar().value(), 2);
-    Wheel(1200);
-    EXPECT_EQ(Bar().value(), 0);
+    for (const auto& [eighths, value] : {std::pair(-120, 1), {-60, 1}, {-60, 2}, {1200, 0}}) {
+        Wheel(eighths);
+        EXPECT_EQ(Bar().value(), value) << eighths;
+    }
 }
 
 TEST_F(TextureListTest, KeysMoveAMarkAndOnlySpaceChooses) {
     QSignalSpy clicks(&list_, &ucTextureList::Click);
     for (int i = 0; i < 7; ++i) QTest::keyClick(&list_, Qt::Key_Right);
     EXPECT_TRUE(clicks.empty());
-    EXPECT_EQ(editor_.textures.Selected(), 0);
+    EXPECT_EQ(editor.textures.Selected(), 0);
     EXPECT_EQ(Bar().value(), 3) << "the mark at 7 is scrolled wholly into view";
     QTest::keyClick(&list_, Qt::Key_Space);
     ASSERT_EQ(clicks.size(), 1);
     EXPECT_EQ(clicks[0][0].toInt(), 7);
-    EXPECT_EQ(editor_.textures.Selected(), 7);
+    EXPECT_EQ(editor.textures.Selected(), 7);
     QTest::keyClick(&list_, Qt::Key_End);
     QTest::keyClick(&list_, Qt::Key_Right);
     QTest::keyClick(&list_, Qt::Key_Return);
-    EXPECT_EQ(editor_.textures.Selected(), kCount - 1);
+    EXPECT_EQ(editor.textures.Selected(), kCount - 1);
     QTest::keyClick(&list_, Qt::Key_Home);
     EXPECT_EQ(Bar().value(), 0);
 }

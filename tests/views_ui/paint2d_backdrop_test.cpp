@@ -4,15 +4,13 @@
 #include <functional>
 #include <random>
 
-#include "editor/mViews.h"
-#include "scene/mBrush.h"
-#include "support/RecordingHost.h"
+#include "support/SessionFixture.h"
 #include "views/ui/mRender2D.h"
 
 namespace korvane {
 namespace {
 
-class BackdropTest : public testing::Test {
+class BackdropTest : public test::SessionTest {
   protected:
     BackdropTest() {
         for (ViewState& view : editor.views) view.width = 151, view.height = 117, view.zoom = 24;
@@ -59,9 +57,6 @@ class BackdropTest : public testing::Test {
     }
 
     std::mt19937 random{20};
-    test::RecordingHost host;
-    test::ScriptedPrompts prompts;
-    Editor editor{host, prompts};
     PaintSurface surface;
     Backdrop backdrop;
 };
