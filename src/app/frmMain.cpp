@@ -10,8 +10,8 @@
 #include "app/frmExportSourceCode.h"
 #include "app/frmFreeRotate.h"
 #include "app/frmMultiply.h"
-#include "app/frmPreferences.h"
 #include "app/frmOptimize.h"
+#include "app/frmPreferences.h"
 #include "app/frmSelect.h"
 #include "app/frmStartUp.h"
 #include "app/frmStats.h"
@@ -205,7 +205,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     keyInput_->LoseKeys();
     CloseForms();
     CloseRenderContext(editor_, context_);
-    SaveSettings(editor_);
+    SaveSettingsOrTell(editor_);
     ClearUndoCache(editor_);
     event->accept();
 }

@@ -108,7 +108,7 @@ QWidget* frmPreferences::MakeGeneralPage() {
     column->addWidget(MakeSizeFrame("Snap to Grid", "Size:", txtSnap2Grid_, "grid units"));
     column->addWidget(MakeSizeFrame("Picking with the Mouse", "Size:", txtPickSize_, "grid units"));
     column->addWidget(
-        MakeSizeFrame("Global Texture Scale", "512 pixels cover:", txtGlobalSize_, "grid units"));
+        MakeSizeFrame("Global Texture Scale", "512 Pixels =", txtGlobalSize_, "grid units"));
     column->addSpacing(8);
     column->addWidget(chkSetMarker_);
     column->addWidget(chkRememberWinPos_);
@@ -299,9 +299,8 @@ void frmPreferences::NoKey() {
 void frmPreferences::KeyDown(int code) {
     if (pages_.capturedRow < 0 || code == 0) return;
     const int row = pages_.capturedRow;
-    CancelCapture();
-    StartKeyCapture(pages_, row);
-    CaptureKey(editor_, pages_, code);
+    CancelCapture();  // the label goes before the question comes
+    CaptureKey(editor_, pages_, row, code);
     keys_->Refresh();
 }
 
@@ -318,7 +317,6 @@ void frmPreferences::ShowCapture() {
     btnKeyMap_[OpenButton]->setVisible(!waits);
     btnKeyMap_[SaveButton]->setVisible(!waits);
     btnKeyMap_[CancelButton]->setVisible(waits);
-    keys_->KeepMark(waits);
 }
 
 bool frmPreferences::eventFilter(QObject* watched, QEvent* event) {

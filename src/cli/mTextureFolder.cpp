@@ -1,7 +1,9 @@
 #include "cli/mTextureFolder.h"
 
+#include <QDir>
 #include <QGuiApplication>
 
+#include "platform/UserFolder.h"
 #include "textures/ui/mOGLTextures.h"
 
 namespace korvane {
@@ -17,7 +19,9 @@ std::unique_ptr<QCoreApplication> MakeApplication(bool fonts) {
 
 std::string TextureFolder(const std::string& asked) {
     if (!asked.empty()) return asked;
-    return QCoreApplication::applicationDirPath().toStdString() + "/ObjTextures";
+    const std::string program = QCoreApplication::applicationDirPath().toStdString();
+    const std::string users = DataFolderFor(program) + "/ObjTextures";
+    return QDir(QString::fromStdString(users)).exists() ? users : program + "/ObjTextures";
 }
 
 TextureLibrary ListTextures(const std::string& asked) {

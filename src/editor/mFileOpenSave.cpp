@@ -151,7 +151,7 @@ void OpenRecentFile(Editor& editor, std::size_t index) {
     const std::string path = editor.settings.recentFiles[index];
     AddRecentFile(editor, path);
     const LoadResult result = LoadFrom(editor, path, {.becomesCurrent = true});
-    editor.host.CloseForms();
+    if (result == LoadResult::Done || editor.CurrentObjectPath == path) editor.host.CloseForms();
     ReportLoad(editor, result);
 }
 

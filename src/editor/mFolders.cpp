@@ -47,9 +47,10 @@ void MakeFolders(const Editor& editor) {
     const fs::path shipped = ToPath(editor.programFolder) / "ObjTextures";
     const fs::path textures = data / "ObjTextures";
     std::error_code ignored;
-    if (!fs::exists(textures, ignored) && fs::is_directory(shipped, ignored))
-        CopyFolder(shipped, textures);
-    fs::create_directory(textures, ignored);
+    const bool missing = !fs::exists(textures, ignored);
+    const bool copies = missing && fs::is_directory(shipped, ignored);
+    if (copies) CopyFolder(shipped, textures);  // fails as a whole: the next start tries again
+    if (missing && !copies) fs::create_directory(textures, ignored);
     fs::create_directory(data / "ObjCache", ignored);
 }
 

@@ -107,7 +107,7 @@ bool ApplyPreferences(Editor& editor, const Preferences& pages) {
     settings.warnings = pages.warnings;
     settings.colors = pages.colors;
     settings.keyMap = pages.keyMap;
-    if (!SaveSettings(editor)) ShowError(editor, "Error: Unable to save settings!");
+    SaveSettingsOrTell(editor);
     ShowSettings(editor);
     return true;
 }
@@ -164,9 +164,8 @@ void EndKeyCapture(Preferences& pages) {
     pages.capturedRow = -1;
 }
 
-void CaptureKey(Editor& editor, Preferences& pages, int code) {
-    const int captured = std::exchange(pages.capturedRow, -1);
-    if (captured < 0) return;
+void CaptureKey(Editor& editor, Preferences& pages, int captured, int code) {
+    EndKeyCapture(pages);
     for (int row = 0; row < kKeyFunctions; ++row) {
         if (row == captured || KeyRowCode(pages, row) != code) continue;
         if (!MayReassign(editor, row, code)) return;

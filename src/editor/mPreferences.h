@@ -51,10 +51,10 @@ std::int16_t& KeyRowCode(Preferences& pages, int row);
 void StartKeyCapture(Preferences& pages, int row);
 void EndKeyCapture(Preferences& pages);
 
-/// Ends the capture with a pressed key (virtual-key code). Where it has functions already, the user
-/// is asked for each: Yes takes it from there, any other answer leaves the captured row as it is.
-/// Does nothing without a capture.
-void CaptureKey(Editor& editor, Preferences& pages, int code);
+/// Ends the capture for a row with a pressed key (virtual-key code). Where it has functions
+/// already, the user is asked for each: Yes takes it from there, any other answer leaves the
+/// captured row as it is.
+void CaptureKey(Editor& editor, Preferences& pages, int captured, int code);
 
 /// Takes the key from the row, and ends the capture.
 void ClearKey(Preferences& pages, int row);

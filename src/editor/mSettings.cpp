@@ -14,8 +14,11 @@ std::string SettingsPath(const Editor& editor) {
 /// Looks at the file as it is now: another window may have written it since this one started.
 bool KeepDamaged(const std::string& path) {
     const auto old = LoadFile(path);
+    if (!old) return true;
     Settings ignored;
-    return !old || DecodeSettings(*old, ignored) || SaveFile(path + ".bad", *old);
+    bool foreign = false;
+    const bool known = DecodeSettings(*old, ignored, &foreign) && !foreign;
+    return known || SaveFile(path + ".bad", *old);
 }
 
 }  // namespace
@@ -31,6 +34,10 @@ bool SaveSettings(Editor& editor) {
     editor.settings.window = editor.host.PlaceOfWindow();
     const std::string path = SettingsPath(editor);
     return KeepDamaged(path) && SaveFile(path, EncodeSettings(editor.settings));
+}
+
+void SaveSettingsOrTell(Editor& editor) {
+    if (!SaveSettings(editor)) ShowError(editor, "Error: Unable to save settings!");
 }
 
 }  // namespace korvane

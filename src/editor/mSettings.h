@@ -14,4 +14,7 @@ bool LoadSettings(Editor& editor);
 /// the old file is then as it was.
 bool SaveSettings(Editor& editor);
 
+/// The same, and tells the user when it could not be done.
+void SaveSettingsOrTell(Editor& editor);
+
 }  // namespace korvane

@@ -13,10 +13,10 @@ void ReadColor(FileReader& file, Color& color) {
 }
 
 void ReadKeyCode(FileReader& file, std::int16_t& code) {
-    constexpr std::int32_t kLargest = 255;
     const std::int32_t value = file.ReadLong();
     if (!file.Good()) return;
-    code = value >= 0 && value <= kLargest ? static_cast<std::int16_t>(value) : std::int16_t{0};
+    const auto narrow = static_cast<std::int16_t>(value);
+    code = narrow == value ? narrow : std::int16_t{0};
 }
 
 std::vector<std::uint8_t> EncodeColorScheme(const ColorScheme& scheme) {

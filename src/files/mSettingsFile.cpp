@@ -93,6 +93,9 @@ class SettingsReader {
     SettingsReader(std::span<const std::uint8_t> bytes, Settings& settings)
         : file_(bytes), settings_(settings) {}
 
+    /// What is behind the last chunk that could be read is unknown.
+    bool Foreign() const { return foreign_; }
+
     /// False when the file is damaged.
     bool Read() {
         return ReadStat() && ReadWindow() && ReadRecent() && ReadWarnings() && ReadColors() &&
@@ -176,6 +179,7 @@ class SettingsReader {
             tag = file_.ReadTag();
         }
         if (tag == "1300") Flag(settings_.warnings[WarnExport3DS]);
+        foreign_ = tag != "1300" || !file_.AtEnd();
         return file_.Good();
     }
 
@@ -194,6 +198,7 @@ class SettingsReader {
 
     FileReader file_;
     Settings& settings_;
+    bool foreign_ = false;  ///< something unknown stands behind the chunks
 };
 
 }  // namespace
@@ -217,8 +222,11 @@ std::vector<std::uint8_t> EncodeSettings(const Settings& settings) {
     return file.TakeBytes();
 }
 
-bool DecodeSettings(std::span<const std::uint8_t> bytes, Settings& settings) {
-    return SettingsReader(bytes, settings).Read();
+bool DecodeSettings(std::span<const std::uint8_t> bytes, Settings& settings, bool* foreign) {
+    SettingsReader reader(bytes, settings);
+    const bool whole = reader.Read();
+    if (foreign != nullptr) *foreign = reader.Foreign();
+    return whole;
 }
 
 }  // namespace korvane

@@ -72,7 +72,7 @@ void ucRowList::ShowRow(int row) {
     const Row shown = itemAt_(item);
     titles_[row]->setText(shown.title);
     fields_[row]->setText(shown.text);
-    const bool marked = item == current_ && (hasFocus() || keepMark_);
+    const bool marked = item == current_;
     titles_[row]->setAutoFillBackground(marked);
     titles_[row]->setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
     titles_[row]->setForegroundRole(marked ? QPalette::HighlightedText : QPalette::NoRole);
@@ -81,11 +81,6 @@ void ucRowList::ShowRow(int row) {
                     shown.color.isValid() ? shown.color : colors.color(QPalette::Base));
     colors.setColor(QPalette::WindowText, colors.color(QPalette::Text));
     fields_[row]->setPalette(colors);
-}
-
-void ucRowList::KeepMark(bool keep) {
-    keepMark_ = keep;
-    Refresh();
 }
 
 void ucRowList::MoveTo(int item) {

@@ -39,9 +39,6 @@ class ucRowList final : public QWidget {
     /// Asks for the shown items anew.
     void Refresh();
 
-    /// Marks the current row without the keyboard focus too.
-    void KeepMark(bool keep);
-
     /// The item that the keyboard acts on.
     int Current() const { return current_; }
 
@@ -69,7 +66,6 @@ class ucRowList final : public QWidget {
     std::array<QLabel*, kRows> fields_;
     QScrollBar* scrollBar_;
     int current_ = 0;
-    bool keepMark_ = false;
 };
 
 }  // namespace korvane

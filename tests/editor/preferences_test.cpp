@@ -156,11 +156,9 @@ TEST_F(PreferencesTest, CapturedKeyIsTakenFromOthersOnlyWithYes) {
     for (const Row& row : rows) {
         Preferences pages = Pages();
         pages.keyMap[KeyFunction::ZoomIn] = 'W';
-        CaptureKey(editor, pages, 'W');
-        EXPECT_TRUE(prompts.messages.empty()) << "no capture";
         StartKeyCapture(pages, kSlower);
         prompts.answers = row.answers;
-        CaptureKey(editor, pages, 'W');
+        CaptureKey(editor, pages, kSlower, 'W');
         EXPECT_EQ(KeyOf(pages, KeyFunction::MoveSlower), row.slower);
         EXPECT_EQ(KeyOf(pages, KeyFunction::MoveForward), row.forward);
         EXPECT_EQ(KeyOf(pages, KeyFunction::ZoomIn), row.zoom);
@@ -178,10 +176,7 @@ TEST_F(PreferencesTest, CapturedKeyIsTakenFromOthersOnlyWithYes) {
     Preferences pages = Pages();
     constexpr int kArbitrary = 29;  // the row behind the sizes; slot 36
     EXPECT_STREQ(KeyRowFunction(kArbitrary), "Size: Arbitrarily-Sided");
-    for (const int code : {48, 12}) {
-        StartKeyCapture(pages, kArbitrary);
-        CaptureKey(editor, pages, code);
-    }
+    for (const int code : {48, 12}) CaptureKey(editor, pages, kArbitrary, code);
     EXPECT_TRUE(prompts.messages.empty()) << "its own key and a free one need no question";
     EXPECT_EQ(KeyOf(pages, KeyFunction::SizeArbitrary), "[KEY: 012]");
 }

@@ -46,6 +46,28 @@ TEST_F(SettingsTest, DamagedFileAppliesInPartAndIsKeptAtTheNextSave) {
     }
 }
 
+TEST_F(SettingsTest, WhatIsUnknownBehindTheSettingsIsKept) {
+    SaveSettings(editor);
+    const Bytes whole = FileBytes(File());
+    Bytes renamed = whole;
+    renamed[whole.size() - 14] = 'X';  // in the tag "1100"
+    Bytes longer = whole;
+    longer.push_back(7);
+    for (const Bytes& foreign : {renamed, longer}) {
+        WriteFileBytes(File(), foreign);
+        EXPECT_TRUE(LoadSettings(editor));
+        EXPECT_TRUE(SaveSettings(editor));
+        EXPECT_EQ(FileBytes(File() + ".bad"), foreign);
+    }
+}
+
+TEST_F(SettingsTest, SettingsThatCannotBeWrittenAreTold) {
+    fs::create_directory(File());
+    SaveSettingsOrTell(editor);
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text, "Error: Unable to save settings!");
+}
+
 TEST_F(SettingsTest, WindowsThatCloseAtOnceLeaveOneWholeFile) {
     constexpr int kWindows = 4, kSaves = 25;
     std::vector<pid_t> windows;
@@ -160,6 +182,29 @@ TEST_F(SettingsTest, UserFolderStartsWithTheShippedTextures) {
     SaveSettings(editor);
     EXPECT_FALSE(fs::is_empty(folder.Path("user/ObjCache")));
     EXPECT_TRUE(fs::exists(folder.Path("user/Korvane.kvdat")));
+}
+
+TEST(WindowPlaceTest, StateAtTheEndDecidesTheStart) {
+    const struct {
+        bool remember;
+        std::int16_t state;
+        WindowStart start;
+        const char* word;
+    } rows[] = {
+        {false, 0, WindowStart::Default, "DEFAULT"},
+        {false, 2, WindowStart::Default, "DEFAULT"},
+        {true, -1, WindowStart::Default, "DEFAULT"},
+        {true, 0, WindowStart::Normal, "NORMAL"},
+        {true, 1, WindowStart::MinimizedBefore, "MINIMIZED -> OVERRIDE_TO: DEFAULT"},
+        {true, 2, WindowStart::Maximized, "MAXIMIZED"},
+    };
+    for (const auto& row : rows) {
+        Settings settings;
+        settings.rememberWindow = row.remember;
+        settings.window.state = row.state;
+        EXPECT_EQ(StartOfWindow(settings), row.start) << row.state;
+        EXPECT_STREQ(LogWord(StartOfWindow(settings)), row.word) << row.state;
+    }
 }
 
 TEST(WindowPlaceTest, RectangleIsMadeToFitTheScreens) {

@@ -127,8 +127,8 @@ TEST(SettingsFileTest, HostileValuesAreHarmless) {
     for (const std::size_t field : {5, 9, 13, 17})
         EXPECT_EQ(With("WPOS", field, nan).window.state, -1) << field;
     EXPECT_EQ(With("CLRS", 0, -1).colors[ColorItem::View2DBrushLines], 0xFFFFFFU);
-    for (const std::int32_t code : {256, -5})
-        EXPECT_EQ(With("KEYS", 8, code).keyMap[KeyFunction::ModeBrush], 0) << code;
+    for (const auto& [code, kept] : {std::pair{300, 300}, {-5, -5}, {32768, 0}, {-32769, 0}})
+        EXPECT_EQ(With("KEYS", 8, code).keyMap[KeyFunction::ModeBrush], kept) << code;
 }
 
 TEST(SettingsFileTest, RecentFilesOfAnyNumber) {

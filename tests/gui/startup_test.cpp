@@ -6,6 +6,7 @@
 #include "GuiFixture.h"
 #include "app/mShutdown.h"
 #include "app/mStartUpLog.h"
+#include "editor/mUndo.h"
 
 namespace korvane::test {
 namespace {
@@ -144,7 +145,13 @@ TEST_P(ExitTest, AsksAndActsOnTheAnswer) {
     Session().SceneModified = row.modified;
     Session().settings.warnings[WarnExit] = row.warn;
     prompts.answers = {row.answer};
+    TakeUndoSnapshot(Session());
+    Session().SceneModified = row.modified;
+    const QDir cache(folder.filePath("ObjCache"));
+    ASSERT_FALSE(cache.isEmpty());
     EXPECT_EQ(window->close(), row.closes);
+    EXPECT_EQ(cache.isEmpty(), row.closes) << "snapshots go when the program ends";
+    EXPECT_EQ(QFile::exists(folder.filePath("Korvane.kvdat")), row.closes);
     EXPECT_EQ(window->isVisible(), !row.closes);
     EXPECT_EQ(window->Context().OpenGLReady, !row.closes);
     EXPECT_EQ(QFile::exists(folder.filePath("kept.kvobject")), row.written);

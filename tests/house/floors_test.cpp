@@ -39,7 +39,7 @@ const std::vector<Floor>& Floors() {
         all.push_back({"platform", core, false});
         all.push_back({"widgets", {}, false});
         all.push_back({"app", coreAnd({"views/ui", "textures/ui", "platform", "widgets"}), false});
-        all.push_back({"cli", coreAnd({"views/ui", "textures/ui"}), false});
+        all.push_back({"cli", coreAnd({"views/ui", "textures/ui", "platform"}), false});
         return all;
     }();
     return floors;

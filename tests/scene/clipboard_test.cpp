@@ -32,13 +32,13 @@ class ClipboardTest : public testing::Test, protected SceneMaker {
 TEST_F(ClipboardTest, DeletingKeepsTheOthersInOrderAndNumbersThem) {
     Brushes()[0].name = "own name";
     for (const std::size_t i : {2U, 3U, 4U}) Brushes()[i].selected = true;
-    DeleteSelectedFlags(scene.brushes);
+    DeleteSelectedBrushes(scene);
     EXPECT_EQ(Places(), "015");
     for (std::int32_t i = 0; i < 3; ++i) {
         EXPECT_EQ(Brushes()[static_cast<std::size_t>(i)].name, DefaultBrushName(i));
     }
     Brushes()[1].name = "kept";
-    DeleteSelectedFlags(scene.brushes);
+    DeleteSelectedBrushes(scene);
     EXPECT_EQ(Brushes()[1].name, "kept") << "nothing was deleted";
 }
 

@@ -2,13 +2,12 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
-#include <QStandardPaths>
 #include <QSurfaceFormat>
 
 #include "app/frmMain.h"
 #include "editor/mFileOpenSave.h"
-#include "editor/mFolders.h"
 #include "platform/QtPrompts.h"
+#include "platform/UserFolder.h"
 
 namespace {
 
@@ -19,12 +18,6 @@ void AskForDesktopOpenGL() {
     format.setRenderableType(QSurfaceFormat::OpenGL);
     format.setProfile(QSurfaceFormat::CompatibilityProfile);
     QSurfaceFormat::setDefaultFormat(format);
-}
-
-std::string DataFolderFor(const std::string& programFolder) {
-    const QString userData =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/korvane";
-    return korvane::ChooseDataFolder(programFolder, userData.toStdString());
 }
 
 void OpenArgument(korvane::Editor& editor) {
@@ -44,7 +37,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     korvane::QtPrompts prompts;
     const std::string programFolder = QApplication::applicationDirPath().toStdString();
-    korvane::frmMain window(prompts, programFolder, DataFolderFor(programFolder));
+    korvane::frmMain window(prompts, programFolder, korvane::DataFolderFor(programFolder));
     QApplication::setWindowIcon(QIcon(":/icons/korvane.svg"));
     if (!window.StartUp()) return 1;
     window.show();

@@ -1,0 +1,17 @@
+#include "platform/UserFolder.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+#include "editor/mFolders.h"
+
+namespace korvane {
+
+std::string DataFolderFor(const std::string& programFolder) {
+    QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    // A relative XDG_DATA_HOME is to be ignored; Qt takes it.
+    if (!QDir::isAbsolutePath(userData)) userData = QDir::homePath() + "/.local/share";
+    return ChooseDataFolder(programFolder, (userData + "/korvane").toStdString());
+}
+
+}  // namespace korvane

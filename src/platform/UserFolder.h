@@ -1,0 +1,12 @@
+// Where the program keeps what it writes: settings, log, textures and the undo cache.
+#pragma once
+
+#include <string>
+
+namespace korvane {
+
+/// The program's folder, or where that can't be written, the folder "korvane" among the user's data
+/// (UTF-8, no slash at the end). Needs no application object.
+std::string DataFolderFor(const std::string& programFolder);
+
+}  // namespace korvane
