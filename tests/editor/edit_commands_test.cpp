@@ -111,7 +111,8 @@ TEST_F(EditCommandsTest, PastingSelectsOnlyTheLastCopies) {
     Run("mnuPaste");
     Run("mnuPaste");
     EXPECT_EQ(Selected(), "0000011");
-    EXPECT_EQ(BrushBounds(Brushes()[6]), BrushBounds(Brushes()[1]));
+    EXPECT_EQ(BoundsOf(6), BoundsOf(1));
+    EXPECT_NE(Brushes()[6].revision, Brushes()[1].revision);
     Run("mnuUnSelect");
     FindCommand("mnuCopy")->run(editor);
     EXPECT_EQ(editor.scene.clipboardCount(), 2) << "nothing selected: the last copy stays";

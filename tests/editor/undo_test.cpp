@@ -72,20 +72,7 @@ TEST_F(UndoTest, BringsBackBrushesAndSelectionAndNothingElse) {
     EXPECT_EQ(SceneBytes(), before) << "without a snapshot nothing changes";
 }
 
-TEST_F(UndoTest, FiftyStepsAreKept) {
-    for (int i = 0; i < 53; ++i) Change();
-    EXPECT_EQ(editor.undo.UndoCount, 50);
-    EXPECT_EQ(SnapshotFiles(), 50);
-    for (int i = 52; i >= 3; --i) {
-        Undo(editor);
-        EXPECT_EQ(Place(), static_cast<float>(i));
-    }
-    Undo(editor);
-    EXPECT_EQ(Place(), 3) << "the oldest three were dropped";
-    EXPECT_EQ(SnapshotFiles(), 0);
-}
-
-TEST_F(UndoTest, NamesAreUniqueWhenTheClockStands) {
+TEST_F(UndoTest, FiftyStepsAreKeptUnderUniqueNamesEvenWhenTheClockStands) {
     editor.undo.clock = StandingClock;
     Change();
     EXPECT_THAT(Names(), testing::ElementsAre("$0001_45296.27$.$kvuscache$"));
@@ -94,10 +81,15 @@ TEST_F(UndoTest, NamesAreUniqueWhenTheClockStands) {
         Names(),
         testing::Each(testing::MatchesRegex("\\$00[0-9][0-9]_[0-9.]+\\$\\.\\$kvuscache\\$")));
     EXPECT_TRUE(NamesDiffer());
+    EXPECT_EQ(editor.undo.UndoCount, 50);
+    EXPECT_EQ(SnapshotFiles(), 50);
     for (int i = 119; i >= 70; --i) {
         Undo(editor);
         EXPECT_EQ(Place(), static_cast<float>(i));
     }
+    Undo(editor);
+    EXPECT_EQ(Place(), 70) << "the older ones were dropped";
+    EXPECT_EQ(SnapshotFiles(), 0);
 }
 
 TEST_F(UndoTest, ANameInASlotIsNotUsedAgain) {

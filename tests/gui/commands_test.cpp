@@ -230,18 +230,16 @@ TEST_F(CommandsTest, SeparatorsOfTheToolBarGroupItsButtons) {
 }
 
 TEST_F(CommandsTest, PointedButtonDescribesItself) {
-    const auto point = [this](const QString& button) {
-        QWidget* target = Find(button);
-        QCursor::setPos(target->mapToGlobal(target->rect().center()));
-        QTest::qWait(30);
-        return Status();
+    const auto expectTexts = [this](const char* bar, std::span<const ButtonText> rows) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            QWidget* target = Find(QString("%1_%2").arg(bar).arg(i));
+            QCursor::setPos(target->mapToGlobal(target->rect().center()));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Status() == rows[i].statusText; }, 1000))
+                << Status() << " for " << rows[i].command;
+        }
     };
-    int index = 0;
-    for (const ButtonText& row : kToolBar)
-        EXPECT_EQ(point(QString("ToolBar_%1").arg(index++)), row.statusText);
-    index = 0;
-    for (const ButtonText& row : kEditBar)
-        EXPECT_EQ(point(QString("EditBar_%1").arg(index++)), row.statusText);
+    expectTexts("ToolBar", kToolBar);
+    expectTexts("EditBar", kEditBar);
 }
 
 TEST_F(CommandsTest, StartsWithTheDefaultsPressed) {

@@ -66,18 +66,6 @@ TEST(BrushNormalsTest, CapsStayFlatAndSidesAverageTheirNeighbours) {
     EXPECT_EQ(side.cornerNormals[0], (Vec3{-0.5F, 0, -0.5F}));
 }
 
-TEST(BrushNormalsTest, PolesCountTheirDegenerateFacesOnce) {
-    SceneMaker maker;
-    const Brush& sphere = maker.Create(Sphere, 8, {-1, 0, 0}, {1, 0, 0});
-    // The first quad has the number of a cap and stays flat. Of the others at the pole seven are
-    // slanted alike, and all the faces that are lines make one entry, which shortens the average.
-    EXPECT_EQ(sphere.faces[0].cornerNormals[1], sphere.faces[0].normal);
-    const BrushFace& face = sphere.faces[2];
-    ASSERT_EQ(At(sphere, face.b), (Vec3{0, -1, 0}));
-    EXPECT_EQ(sphere.faces[3].normal, (Vec3{0, 0, 0}));
-    EXPECT_NEAR(face.cornerNormals[1].y, face.normal.y * 7 / 8, 1e-6);
-}
-
 TEST(BrushNormalsTest, EqualThePlainDefinitionForEverySideCount) {
     SceneMaker maker;
     for (std::int32_t n = kMinSides; n <= kMaxSides; ++n) {

@@ -111,20 +111,22 @@ TEST_F(LoadTexturesTest, OnlyImageNamesAreTriedSortedIgnoringCase) {
 
 TEST_F(LoadTexturesTest, FailedFilesKeepTheirNumberButShiftNoIndex) {
     Bitmap("a.bmp", 64, 64);
-    Bitmap("b odd.bmp", 300, 300);
+    Bitmap("b wide.bmp", 300, 64);
     SavePicture(Path("c.jpg"), "jpeg", FourCorners(256, 128));
     WriteFile(Path("D.gif"), GifOfFourCorners(32, 32));
     WriteFile(Path("e.tga"), "damaged");
     WriteFile(Path("f.tga"), TgaOf(FourCorners(128, 64)));
+    Bitmap("g flat.bmp", 64, 16);
     library_.SelectTexture(0);
     LoadAll();
     EXPECT_THAT(Entries(), ElementsAre("", "a.bmp", "c.jpg", "D.gif", "f.tga"));
     EXPECT_THAT(log_.lines, ElementsAre("        LOAD_Texture: (0001) a.bmp Loaded (Added)",
-                                        "        LOAD_Texture: (0002) b odd.bmp FAILED!",
+                                        "        LOAD_Texture: (0002) b wide.bmp FAILED!",
                                         "        LOAD_Texture: (0003) c.jpg Loaded (Added)",
                                         "        LOAD_Texture: (0004) D.gif Loaded (Added)",
                                         "        LOAD_Texture: (0005) e.tga FAILED!",
-                                        "        LOAD_Texture: (0006) f.tga Loaded (Added)"));
+                                        "        LOAD_Texture: (0006) f.tga Loaded (Added)",
+                                        "        LOAD_Texture: (0007) g flat.bmp FAILED!"));
     EXPECT_EQ(library_.TextureName(2), "c");
     EXPECT_EQ(pictures_[4].pixel(0, 0), qRgb(255, 0, 0)) << "upright";
     EXPECT_EQ(library_.Selected(), 0);

@@ -179,13 +179,5 @@ TEST_F(TextureListTest, KeysMoveAMarkAndOnlySpaceChooses) {
     EXPECT_EQ(Bar().value(), 0);
 }
 
-TEST_F(TextureListTest, WideEnoughForAllTheBarIsIdle) {
-    Bar().setValue(4);
-    list_.resize(kCount * kThumbnailPitch + kThumbnailPitch, list_.height());
-    QApplication::processEvents();
-    EXPECT_FALSE(Bar().isEnabled());
-    EXPECT_EQ(Bar().value(), 0);
-}
-
 }  // namespace
 }  // namespace korvane

@@ -85,6 +85,15 @@ TEST_F(ViewEditTest, VerticesArePickedThroughTheDepthOfSelectedBrushesOnly) {
     EXPECT_EQ(Flags(0), "11000000") << "too far";
 }
 
+TEST_F(ViewEditTest, AnEdgePicksVerticesOnEverySideOfItsEnds) {
+    SelectedBox({0, 0, 0}, {1, 1, 1});
+    for (const float x : {0.97F, 1.03F}) SelectedBox({x, 0, 3}, {x + 5, 1, 5});
+    for (std::size_t b = 1; b < 3; ++b) scene.brushes[b].vertices[0].z = b == 1 ? 0.02F : -0.02F;
+    PickEdgesAt(scene, TopView, {1, 0, 0.5F}, 0.05F, true);
+    EXPECT_EQ(Flags(1), "10000000");
+    EXPECT_EQ(Flags(2), "10000000");
+}
+
 /// The plain definition: a pick of vertices at both ends of every edge.
 void PlainPickEdges(Scene& scene, int view, const Vec3& point, float picker, bool select) {
     const auto near = [&](const Vec3& a, const Vec3& b) {
