@@ -317,6 +317,7 @@ void frmPreferences::ShowCapture() {
     btnKeyMap_[OpenButton]->setVisible(!waits);
     btnKeyMap_[SaveButton]->setVisible(!waits);
     btnKeyMap_[CancelButton]->setVisible(waits);
+    keys_->Refresh();
 }
 
 bool frmPreferences::eventFilter(QObject* watched, QEvent* event) {

@@ -76,10 +76,9 @@ TEST(SaveFileTest, RefusesWhatIsNoFileToBeReplaced) {
     const TempFolder folder;
     WriteFileBytes(folder.Path("file"), kOld);
     mkfifo(folder.Path("pipe").c_str(), 0600);
-    for (const std::string& path :
-         {std::string(), folder.Path(), folder.Path("missing/file"), folder.Path("missing/"),
-          folder.Path("file/below a file"), folder.Path("pipe"),
-          folder.Path(std::string(300, 'x'))}) {
+    for (const std::string& path : {std::string(), folder.Path(), folder.Path("missing/file"),
+                                    folder.Path("missing/"), folder.Path("file/below a file"),
+                                    folder.Path("pipe"), folder.Path(std::string(300, 'x'))}) {
         EXPECT_FALSE(SaveFile(path, kNew)) << path;
     }
     EXPECT_EQ(folder.EntryCount(), 2);

@@ -44,8 +44,8 @@ std::vector<std::string> TextureFilesIn(const std::string& folder);
 /// that fails is logged and left out; it keeps its number in the log.
 void LoadAllTextures(const TextureTables& tables, const std::string& folder, StartUpLog& log);
 
-/// Enters the textures that LoadAllTextures would load in the library alone, under the same indices;
-/// needs no OpenGL.
+/// Enters the textures that LoadAllTextures would load in the library alone, under the same
+/// indices; needs no OpenGL.
 void ListAllTextures(TextureLibrary& library, const std::string& folder);
 
 }  // namespace korvane
