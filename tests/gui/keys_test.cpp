@@ -154,24 +154,6 @@ TEST_F(KeysTest, WhoTakesTheKeyboardAwayLeavesNothingHeld) {
     }
 }
 
-/// A dialog that a key opens runs inside the tick.
-TEST_F(KeysTest, AKeyOpensADialogThatGetsTheKeysItself) {
-    QString seen;
-    QTimer::singleShot(400, [&] {
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
-            seen = dialog->objectName();
-            X({"key", "f"});
-            dialog->close();
-        }
-    });
-    X({"keydown", "h"});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !seen.isEmpty(); }));
-    X({"keyup", "h"});
-    EXPECT_EQ(seen, "frmSelect");
-    EXPECT_EQ(Session().scene.editMode, BrushMove);
-    EXPECT_FALSE(Session().keyBoard.running);
-}
-
 TEST_F(KeysTest, ACommandInTheMiddleOfADragLeavesTheSceneWhole) {
     ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
     Session().settings.warnings = {};
