@@ -141,7 +141,7 @@ for output in x.kvobject x.3ds x.txt x.png; do
     rm out/$output
     nothing_left
 done
-if [ -e /dev/full ]; then
+if [ -c /dev/full ]; then
     "$cli" info house.kvobject >/dev/full 2>stderr && fail "info: a full disk went unnoticed"
 fi
 
