@@ -42,9 +42,9 @@ const Case kCases[] = {
          m.Create(Box, 4, {0, 0, 0}, {1, 2, 3});
      },
      true},
-    {"box of 64 sides",
+    {"box of 12 sides",
      [](SceneMaker& m) {
-         m.Create(Box, 64, {0, 0, 0}, {1, 2, 3});
+         m.Create(Box, 12, {0, 0, 0}, {1, 2, 3});
      },
      true},
     {"cone",
