@@ -225,18 +225,20 @@ void ResizePreviewViewport(RenderContext& context, int width, int height, double
 
 namespace {
 
-/// OpenGL delivers the bottom row first and the alpha of the clear colour.
-void TurnUprightAndOpaque(QImage& image) {
-    constexpr QRgb kOpaque = 0xFF000000U;
+/// A pixel as OpenGL delivers it, red lowest, as an opaque QRgb. The frame's alpha is that of the
+/// clear colour.
+constexpr QRgb ToRgb32(std::uint32_t pixel) {
+    constexpr std::uint32_t kRedAndBlue = 0x00FF00FFU;
+    const std::uint32_t redAndBlue = pixel & kRedAndBlue;
+    return 0xFF000000U | (pixel & 0x0000FF00U) | redAndBlue << 16 | redAndBlue >> 16;
+}
+
+/// OpenGL delivers the bottom row first.
+void TurnUpright(const std::uint32_t* pixels, QImage& image) {
     const int width = image.width();
-    for (int top = 0, bottom = image.height() - 1; top <= bottom; ++top, --bottom) {
-        auto* a = reinterpret_cast<QRgb*>(image.scanLine(top));
-        auto* b = reinterpret_cast<QRgb*>(image.scanLine(bottom));
-        for (int x = 0; x < width; ++x) {
-            const QRgb upper = b[x] | kOpaque;
-            b[x] = a[x] | kOpaque;
-            a[x] = upper;
-        }
+    for (int y = image.height() - 1; y >= 0; --y, pixels += width) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < width; ++x) row[x] = ToRgb32(pixels[x]);
     }
 }
 
@@ -247,10 +249,13 @@ void SwapBuffers(RenderContext& context) {
     const QSize size(context.width, context.height);
     if (context.frame.size() != size) context.frame = QImage(size, QImage::Format_RGB32);
     if (context.frame.isNull()) return;
+    std::vector<std::uint32_t>& pixels = context.platform->pixels;
+    pixels.resize(std::size_t(size.width()) * std::size_t(size.height()));
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(0, 0, size.width(), size.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
-                 context.frame.bits());
-    TurnUprightAndOpaque(context.frame);
+    // The order of the framebuffer itself: any other one costs the driver a pass over the pixels.
+    glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_UNSIGNED_INT_8_8_8_8_REV,
+                 pixels.data());
+    TurnUpright(pixels.data(), context.frame);
 }
 
 std::string TextOfGLString(const unsigned char* bytes, std::size_t limit) {

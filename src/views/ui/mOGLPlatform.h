@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "views/ui/mOGL3D.h"
 
@@ -49,6 +50,7 @@ struct RenderContext::Platform {
     GLenum depthFormat = GL_DEPTH_COMPONENT24;
     int width = 0;  // of the framebuffer
     int height = 0;
+    std::vector<std::uint32_t> pixels;  // as they were read, kept for its memory
 };
 
 /// Whether a framebuffer of that many bits can be asked for at all.

@@ -9,15 +9,15 @@
 namespace korvane {
 namespace {
 
-/// Cells to aim at: finer ones cost more than what they find hidden.
-constexpr double kMostCells = 1.5e5;
+/// Cells to aim at: more of them cost more time than what they find hidden would.
+constexpr double kMostCells = 6e4;
 
 /// How far from its exact place OpenGL may draw an edge, in pixels, with room to spare.
 constexpr float kEdgeRoom = 1.0F / 64;
 
 /// How much nearer a solid must be to hide something, in 1 / depth: what the depth buffer tells
 /// apart at any distance, with room to spare.
-constexpr float kDepthRoom = 2e-5F;
+constexpr float kDepthRoom = 5e-5F;
 constexpr float kDepthRounding = 1.00001F;
 
 /// A point nearer to the near plane than this is taken to be cut off by it; clip coordinates.
@@ -38,13 +38,13 @@ std::array<double, 3> Cross(const std::array<double, 4>& a, const std::array<dou
 }
 
 /// The whole number of a position, held within -1 .. limit + 1; NaN gives -1.
-int CeilWithin(float position, int limit) {
+int CeilWithin(double position, int limit) {
     if (!(position > -1)) return -1;
-    return position >= float(limit) ? limit + 1 : int(std::ceil(position));
+    return position >= limit ? limit + 1 : int(std::ceil(position));
 }
-int FloorWithin(float position, int limit) {
+int FloorWithin(double position, int limit) {
     if (!(position >= 0)) return -1;
-    return position >= float(limit) ? limit : int(position);
+    return position >= limit ? limit : int(position);
 }
 
 /// Middle and half size of a box.
@@ -121,7 +121,7 @@ bool OcclusionBuffer::Start(const std::array<double, 16>& m, int width, int heig
 
 OcclusionBuffer::ClipPoint OcclusionBuffer::Project(double x, double y, double z) const {
     const auto apply = [&](const std::array<double, 4>& r) {
-        return float(r[0] * x + r[1] * y + r[2] * z + r[3]);
+        return r[0] * x + r[1] * y + r[2] * z + r[3];
     };
     return {apply(projection_[0]), apply(projection_[1]), apply(projection_[2]),
             apply(projection_[3])};
@@ -217,9 +217,9 @@ OcclusionBuffer::Slope OcclusionBuffer::InverseDepth(const PreviewFace& face,
 /// planes the farthest is the surface.
 void OcclusionBuffer::AddWhole(std::span<const PreviewFace> faces) {
     if (depths_.size() > kMostPlanes) {
-        float farthest = 0;
+        double farthest = 0;
         for (const ClipPoint& p : points_) farthest = std::max(farthest, p.w);
-        depths_ = {{0, 0, 1 / farthest}};
+        depths_ = {{0, 0, float(1 / farthest)}};
     }
     BeginOutline();
     AddSides(faces);
@@ -254,10 +254,10 @@ void OcclusionBuffer::AddCut(const PreviewFace& face, const Slope& depth) {
     for (int i = 0; i < 3; ++i) {
         const ClipPoint& a = points_[face.points[i]];
         const ClipPoint& b = points_[face.points[(i + 1) % 3]];
-        const float before = a.z + a.w - kNearRoom, after = b.z + b.w - kNearRoom;
+        const double before = a.z + a.w - kNearRoom, after = b.z + b.w - kNearRoom;
         if (before > 0) kept[count++] = a;
         if ((before > 0) == (after > 0)) continue;
-        const float t = before / (before - after);
+        const double t = before / (before - after);
         kept[count++] = {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t, a.z + (b.z - a.z) * t,
                          a.w + (b.w - a.w) * t};
     }
@@ -275,25 +275,25 @@ void OcclusionBuffer::BeginOutline() {
     lastRow_ = -1;
 }
 
-/// Widens the outline by an edge.
+/// Widens the outline by an edge, whose ends may lie far outside the picture.
 void OcclusionBuffer::AddEdge(const ClipPoint& from, const ClipPoint& to) {
-    Point low{from.x / from.w, from.y / from.w}, high{to.x / to.w, to.y / to.w};
-    if (low.y > high.y) std::swap(low, high);
-    const float slope = (high.x - low.x) / (high.y - low.y);
+    double x = from.x / from.w, y = from.y / from.w;
+    double endX = to.x / to.w, endY = to.y / to.w;
+    if (y > endY) std::swap(x, endX), std::swap(y, endY);
+    const double slope = (endX - x) / (endY - y);
     if (!std::isfinite(slope)) return;  // along the lines: its ends belong to other edges as well
-    const float inset = 0.5F - kEdgeRoom;
-    const std::array<float, 2> lines = {inset, float(cell_) - inset};
+    const double inset = 0.5 - kEdgeRoom;
+    const std::array<double, 2> lines = {inset, cell_ - inset};
     for (int line = 0; line < 2; ++line) {
-        const float cell = float(cell_);
-        const int first = std::max(CeilWithin((low.y - lines[line]) / cell, rows_), 0);
-        const int last = FloorWithin((high.y - lines[line]) / cell, rows_ - 1);
-        for (int row = first; row <= last; ++row) {
-            const float x = low.x + (float(row) * cell + lines[line] - low.y) * slope;
-            Crossing& crossing = crossings_[row * 2 + line];
-            crossing.left = std::min(crossing.left, x);
-            crossing.right = std::max(crossing.right, x);
-        }
+        const int first = std::max(CeilWithin((y - lines[line]) / cell_, rows_), 0);
+        const int last = FloorWithin((endY - lines[line]) / cell_, rows_ - 1);
         if (first > last) continue;
+        for (int row = first; row <= last; ++row) {
+            const auto at = float(x + (double(row) * cell_ + lines[line] - y) * slope);
+            Crossing& crossing = crossings_[row * 2 + line];
+            crossing.left = std::min(crossing.left, at);
+            crossing.right = std::max(crossing.right, at);
+        }
         firstRow_ = std::min(firstRow_, first);
         lastRow_ = std::max(lastRow_, last);
     }

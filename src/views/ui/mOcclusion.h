@@ -38,10 +38,7 @@ class OcclusionBuffer {
     };
     /// x and y are pixels from the bottom left, times w; z and w as OpenGL has them.
     struct ClipPoint {
-        float x, y, z, w;
-    };
-    struct Point {
-        float x, y;
+        double x, y, z, w;
     };
     /// Where an outline crosses a line through the middles of pixels.
     struct Crossing {

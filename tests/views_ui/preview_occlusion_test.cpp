@@ -1,0 +1,189 @@
+// Leaving out what solids hide: what is left out, and that no picture shows the difference.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <random>
+
+#include "scene/mNormals.h"
+#include "support/ImmediatePreview.h"
+#include "support/PreviewStage.h"
+
+namespace korvane {
+namespace {
+
+using test::PreviewStage;
+
+/// Whether a frame sends the brush.
+bool IsSent(PreviewStage& stage, std::uint32_t brush) {
+    stage.Render();
+    return std::ranges::any_of(stage.renderer.runs.items,
+                               [&](const DrawItem& item) { return item.brush == brush; });
+}
+
+struct Case {
+    const char* what;
+    std::function<void(PreviewStage&)> change;
+    bool sent;
+};
+
+/// A wall before the eye (brush 0), and a small box behind it (brush 1).
+TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
+    const auto wall = [](PreviewStage& s) -> Brush& { return s.editor.scene.brushes[0]; };
+    const auto small = [](PreviewStage& s) -> Brush& { return s.editor.scene.brushes[1]; };
+    const auto move = [](Brush& brush, float x, float y, float z) {
+        for (Vertex& v : brush.vertices) v.MoveTo({v.x + x, v.y + y, v.z + z});
+        Touch(brush);
+    };
+    const Case cases[] = {
+        {"behind the wall", [](PreviewStage&) {}, false},
+        {"looking past the wall", [](PreviewStage& s) { s.LookFrom(3, 0, 5); }, true},
+        {"seen from the other side", [](PreviewStage& s) { s.LookFrom(0, 0, -9, 0, 180); }, true},
+        {"the wall is selected", [&](PreviewStage& s) { wall(s).selected = true; }, false},
+        {"half beside the wall", [&](PreviewStage& s) { move(small(s), 2, 0, 0); }, true},
+        {"before the wall", [&](PreviewStage& s) { move(small(s), 0, 0, 5); }, true},
+        {"stuck in the wall", [&](PreviewStage& s) { move(small(s), 0, 0, 3.5F); }, true},
+        {"right behind the front of the wall",
+         [&](PreviewStage& s) { move(small(s), 0, 0, 2.95F); }, false},
+        {"the wall is an open shell",
+         [&](PreviewStage& s) {
+             wall(s).faces.erase(wall(s).faces.begin());
+             Touch(wall(s));
+         },
+         true},
+        {"the wall is inside out",
+         [&](PreviewStage& s) {
+             for (BrushFace& face : wall(s).faces) std::swap(face.a, face.b);
+             Touch(wall(s));
+         },
+         true},
+        {"an invisible side of the wall is shown",
+         [&](PreviewStage& s) {
+             wall(s).faces[5].invisible = true;
+             Touch(wall(s));
+         },
+         false},
+        {"an invisible side of the wall is not shown",
+         [&](PreviewStage& s) {
+             wall(s).faces[5].invisible = true;
+             Touch(wall(s));
+             s.editor.settings.showInvisible = false;
+         },
+         true},
+        {"the wall is cut by the near plane, its face is not",
+         [&](PreviewStage& s) {
+             s.Add({-9, -9, -0.5F}, {9, -1, 9}, 0);  // a floor under the eye
+             move(small(s), 0, -3, 0);
+             s.LookFrom(0, 1, 5, -20);
+         },
+         false},
+        {"inside the wall", [](PreviewStage& s) { s.LookFrom(0, 0, 0.1F); }, true},
+    };
+    for (const Case& c : cases) {
+        PreviewStage stage;
+        stage.LookFrom(0, 0, 5);
+        stage.Add({-2, -2, 0}, {2, 2, 1}, 0);
+        stage.Add({-0.5F, -0.5F, -3}, {0.5F, 0.5F, -2.2F}, 1);
+        ASSERT_FALSE(IsSent(stage, 1)) << c.what;
+        c.change(stage);
+        EXPECT_EQ(IsSent(stage, 1), c.sent) << c.what;
+    }
+}
+
+/// A scene of everything that can stand in each other's way, some of it broken.
+class RandomScene {
+  public:
+    RandomScene(PreviewStage& stage, unsigned seed) : stage_(stage), random_(seed) {}
+
+    void Fill() {
+        for (int i = 0; i < 150; ++i) AddAnything();
+        auto& brushes = stage_.editor.scene.brushes;
+        for (int i = 0; i < 20; ++i) brushes.push_back(brushes[Index(brushes.size())]);
+        for (int i = 0; i < 40; ++i) Break(brushes[Index(brushes.size())]);
+        for (Brush& brush : brushes) {
+            const auto texture = std::int32_t(Index(4));
+            for (BrushFace& face : brush.faces) face.texture = texture;
+            UpdateBrushNormals(brush);
+            Touch(brush);
+        }
+    }
+    Camera AnyCamera() {
+        return {Number(-9, 9), Number(-2, 7), Number(-9, 9), Number(-50, 30), Number(0, 360), 0};
+    }
+
+  private:
+    float Number(float least, float most) {
+        return std::uniform_real_distribution<float>(least, most)(random_);
+    }
+    std::size_t Index(std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
+    }
+    /// On a grid of halves, so that sides meet and coincide.
+    float Grid(float reach) { return std::round(Number(-reach, reach) * 2) / 2; }
+
+    void AddAnything() {
+        const bool large = Index(6) == 0;
+        const Vec3 at{Grid(10), Grid(4), Grid(10)};
+        const float most = large ? 12.0F : 2.0F;
+        const Vec3 size{std::round(Number(1, most)), std::round(Number(1, large ? 2.0F : most)),
+                        std::round(Number(1, most))};
+        const auto shape = static_cast<BrushShape>(Index(4) % 3);
+        const int sides = large ? 4 : 3 + int(Index(9));
+        Brush& brush =
+            stage_.Add(at, {at.x + size.x, at.y + size.y, at.z + size.z}, 0, sides, shape);
+        brush.selected = Index(9) == 0;
+    }
+    void Break(Brush& brush) {
+        switch (Index(4)) {
+            case 0:
+                brush.faces.erase(brush.faces.begin() + std::ptrdiff_t(Index(brush.faces.size())));
+                break;
+            case 1:
+                for (BrushFace& face : brush.faces) std::swap(face.a, face.b);
+                break;
+            case 2:
+                brush.vertices[Index(brush.vertices.size())].x += 0.7F;
+                break;
+            default:
+                brush.faces[Index(brush.faces.size())].invisible = true;
+        }
+    }
+
+    PreviewStage& stage_;
+    std::mt19937 random_;
+};
+
+TEST(PreviewOcclusionTest, PicturesOfScenesAtRandomEqualImmediateMode) {
+    struct Size {
+        int width, height;
+    };
+    std::size_t sent = 0;
+    std::size_t all = 0;
+    for (const Size size : {Size{320, 240}, Size{811, 607}}) {  // one and several pixels a cell
+        for (unsigned seed = 1; seed <= 3; ++seed) {
+            PreviewStage stage(size.width, size.height);
+            RandomScene scene(stage, seed);
+            scene.Fill();
+            for (int view = 0; view < 8; ++view) {
+                stage.editor.settings.showInvisible = view % 2 == 0;
+                stage.editor.camera = scene.AnyCamera();
+                const QImage ours = stage.Render().copy();
+                sent += stage.renderer.runs.items.size();
+                all += stage.editor.scene.brushes.size();
+                test::RenderImmediate(stage.context, stage.Shown());
+                int different = 0;
+                for (int y = 0; y < size.height; ++y) {
+                    for (int x = 0; x < size.width; ++x) {
+                        different += ours.pixel(x, y) != stage.context.frame.pixel(x, y);
+                    }
+                }
+                EXPECT_LE(different, size.width * size.height / 10000) << seed << ' ' << view;
+            }
+        }
+    }
+    EXPECT_LT(sent, all / 4) << "hardly anything is hidden, the test is void";
+}
+
+}  // namespace
+}  // namespace korvane
