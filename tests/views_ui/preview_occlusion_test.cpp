@@ -38,10 +38,10 @@ TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
     };
     const Case cases[] = {
         {"behind the wall", [](PreviewStage&) {}, false},
-        {"looking past the wall", [](PreviewStage& s) { s.LookFrom(3, 0, 5); }, true},
+        {"looking past the wall", [](PreviewStage& s) { s.LookFrom(6, 0, 5, 0, 35); }, true},
         {"seen from the other side", [](PreviewStage& s) { s.LookFrom(0, 0, -9, 0, 180); }, true},
         {"the wall is selected", [&](PreviewStage& s) { wall(s).selected = true; }, false},
-        {"half beside the wall", [&](PreviewStage& s) { move(small(s), 2, 0, 0); }, true},
+        {"half beside the wall", [&](PreviewStage& s) { move(small(s), 3.5F, 0, 0); }, true},
         {"before the wall", [&](PreviewStage& s) { move(small(s), 0, 0, 5); }, true},
         {"stuck in the wall", [&](PreviewStage& s) { move(small(s), 0, 0, 3.5F); }, true},
         {"right behind the front of the wall",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <numeric>
+#include <tuple>
 
 namespace korvane {
 namespace {
@@ -50,25 +51,19 @@ float Vec3::*WidestAxis(const std::vector<DrawItem>& items) {
 
 void DrawOrder::Sort(std::vector<DrawItem>& items) {
     if (items.empty()) return;
+    std::ranges::sort(items, {}, [](const DrawItem& item) {
+        return std::tuple(DepthStep(item.depth), item.state, item.brush);
+    });
     if (!FindPairs(items)) {
         std::ranges::sort(items, {}, &DrawItem::brush);
         return;
     }
-    RankItems(items);
+    if (pairs_.empty()) return;
     IndexPairs(items.size());
     sorted_.clear();
     drawn_.assign(items.size(), false);
-    for (const Rank& rank : ranks_) Emit(items, rank.item);
+    for (std::uint32_t i = 0; i < items.size(); ++i) Emit(items, i);
     items.swap(sorted_);
-}
-
-void DrawOrder::RankItems(const std::vector<DrawItem>& items) {
-    ranks_.clear();
-    for (const DrawItem& item : items) {
-        ranks_.push_back({DepthStep(item.depth), item.state, item.brush,
-                          static_cast<std::uint32_t>(ranks_.size())});
-    }
-    std::ranges::sort(ranks_);
 }
 
 /// Finds which items meet; false when that takes too long.
@@ -85,17 +80,15 @@ bool DrawOrder::FindPairs(const std::vector<DrawItem>& items) {
         const float end = one->max.*axis + kTouching;
         auto other = one + 1;
         for (; other != sweep_.end() && other->min.*axis <= end; ++other) {
-            if (Meet(*one, *other)) AddPair(items, one->item, other->item);
+            if (!Meet(*one, *other)) continue;
+            const bool oneIsLater = items[one->item].brush > items[other->item].brush;
+            pairs_.push_back(oneIsLater ? std::pair(one->item, other->item)
+                                        : std::pair(other->item, one->item));
         }
         tests += static_cast<std::size_t>(other - one);
         if (tests > kMostTests * items.size()) return false;
     }
     return true;
-}
-
-void DrawOrder::AddPair(const std::vector<DrawItem>& items, std::uint32_t a, std::uint32_t b) {
-    if (items[a].brush < items[b].brush) std::swap(a, b);
-    pairs_.push_back({a, b});
 }
 
 void DrawOrder::IndexPairs(std::size_t itemCount) {

@@ -5,7 +5,6 @@
 // they have in the scene; all others may be drawn in any order, as the depth test sorts them out.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -37,20 +36,9 @@ class DrawOrder {
         Vec3 max;
         std::uint32_t item;
     };
-    /// What decides among items that do not meet.
-    struct Rank {
-        std::uint32_t depthStep;
-        std::int32_t state;
-        std::uint32_t brush;
-        std::uint32_t item;
-
-        friend auto operator<=>(const Rank&, const Rank&) = default;
-    };
 
     bool FindPairs(const std::vector<DrawItem>& items);
-    void AddPair(const std::vector<DrawItem>& items, std::uint32_t a, std::uint32_t b);
     void IndexPairs(std::size_t itemCount);
-    void RankItems(const std::vector<DrawItem>& items);
     void Emit(const std::vector<DrawItem>& items, std::uint32_t item);
 
     std::vector<Extent> sweep_;
@@ -58,7 +46,6 @@ class DrawOrder {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> pairs_;
     std::vector<std::uint32_t> firstPair_;  ///< by item, and the end
     std::vector<std::uint32_t> nextPair_;   ///< by item: the pair to look at next
-    std::vector<Rank> ranks_;
     std::vector<std::uint32_t> stack_;
     std::vector<bool> drawn_;
     std::vector<DrawItem> sorted_;
