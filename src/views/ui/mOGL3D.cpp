@@ -233,11 +233,14 @@ constexpr QRgb ToRgb32(std::uint32_t pixel) {
     return 0xFF000000U | (pixel & 0x0000FF00U) | redAndBlue << 16 | redAndBlue >> 16;
 }
 
-/// OpenGL delivers the bottom row first.
-void TurnUpright(const std::uint32_t* pixels, QImage& image) {
+/// Rows read at once: as many as stay in the processor's cache until they are turned.
+constexpr int kStripRows = 32;
+
+/// Puts rows of the framebuffer, delivered from the bottom up, where they belong in the picture.
+void TurnUpright(const std::uint32_t* pixels, int bottom, int rows, QImage& image) {
     const int width = image.width();
-    for (int y = image.height() - 1; y >= 0; --y, pixels += width) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    for (int y = 0; y < rows; ++y, pixels += width) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(image.height() - 1 - bottom - y));
         for (int x = 0; x < width; ++x) row[x] = ToRgb32(pixels[x]);
     }
 }
@@ -250,12 +253,15 @@ void SwapBuffers(RenderContext& context) {
     if (context.frame.size() != size) context.frame = QImage(size, QImage::Format_RGB32);
     if (context.frame.isNull()) return;
     std::vector<std::uint32_t>& pixels = context.platform->pixels;
-    pixels.resize(std::size_t(size.width()) * std::size_t(size.height()));
+    pixels.resize(std::size_t(size.width()) * kStripRows);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    // The order of the framebuffer itself: any other one costs the driver a pass over the pixels.
-    glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_UNSIGNED_INT_8_8_8_8_REV,
-                 pixels.data());
-    TurnUpright(pixels.data(), context.frame);
+    for (int bottom = 0; bottom < size.height(); bottom += kStripRows) {
+        const int rows = std::min(kStripRows, size.height() - bottom);
+        // The order of the framebuffer itself: any other one costs the driver a pass.
+        glReadPixels(0, bottom, size.width(), rows, GL_RGBA, GL_UNSIGNED_INT_8_8_8_8_REV,
+                     pixels.data());
+        TurnUpright(pixels.data(), bottom, rows, context.frame);
+    }
 }
 
 std::string TextOfGLString(const unsigned char* bytes, std::size_t limit) {

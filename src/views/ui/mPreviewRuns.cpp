@@ -100,17 +100,14 @@ std::span<const PreviewFace> FacesOf(const PreviewMesh& mesh, const PreviewBrush
 }
 
 /// Lists the brushes that the view volume meets, in scene order.
-void FindItems(const Scene& scene, const PreviewMesh& mesh, const PreviewView& view,
-               std::vector<DrawItem>& items) {
+void FindItems(const PreviewMesh& mesh, const PreviewView& view, std::vector<DrawItem>& items) {
     const Frustum frustum(view.projection);
     items.clear();
     for (std::uint32_t b = 0; b < mesh.brushes.size(); ++b) {
         const PreviewBrush& brush = mesh.brushes[b];
         if (brush.faceCount == 0 || frustum.Excludes(brush.min, brush.max)) continue;
-        const std::int32_t texture = mesh.faces[brush.firstFace].texture;
-        items.push_back({b, scene.brushes[b].selected ? ~texture : texture,
-                         NearestDepth(view.projection, brush.min, brush.max), brush.min,
-                         brush.max});
+        items.push_back(
+            {b, 0, NearestDepth(view.projection, brush.min, brush.max), brush.min, brush.max});
     }
 }
 
@@ -134,8 +131,10 @@ void KeepVisible(const Scene& scene, PreviewMesh& mesh, const PreviewView& view,
     for (const auto& [depth, place] : runs.nearFirst) {
         const DrawItem& item = runs.items[place];
         if (runs.occlusion.Hides(item.min, item.max)) continue;
-        runs.visible.push_back(item);
         PreviewBrush& brush = mesh.brushes[item.brush];
+        const std::int32_t texture = mesh.faces[brush.firstFace].texture;
+        runs.visible.push_back(item);
+        runs.visible.back().state = scene.brushes[item.brush].selected ? ~texture : texture;
         if (HidesOthers(brush, scene.brushes[item.brush], view.showInvisible)) {
             runs.occlusion.Add(FacesOf(mesh, brush), scene.brushes[item.brush].vertices);
         }
@@ -177,7 +176,7 @@ void WriteRuns(const Scene& scene, const PreviewMesh& mesh, const PreviewView& v
 
 void GatherPreviewRuns(const Scene& scene, PreviewMesh& mesh, const PreviewView& view,
                        PreviewRuns& runs) {
-    FindItems(scene, mesh, view, runs.items);
+    FindItems(mesh, view, runs.items);
     const bool bounded = std::ranges::all_of(
         runs.items, [&](const DrawItem& item) { return IsBounded(mesh.brushes[item.brush]); });
     if (bounded && !view.PickRendering) KeepVisible(scene, mesh, view, runs);
