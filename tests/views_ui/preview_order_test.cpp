@@ -12,7 +12,7 @@ namespace {
 
 DrawItem Item(std::uint32_t brush, std::int32_t state, float depth, const Vec3& min,
               const Vec3& max) {
-    return {brush, state, depth, min, max};
+    return {brush, state, depth, min, max, {}};
 }
 
 /// A unit cube at a distance along Z.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "scene/mVector.h"
+#include "views/ui/mOcclusion.h"
 
 namespace korvane {
 
@@ -20,6 +21,7 @@ struct DrawItem {
     float depth = 0;          ///< of the nearest point of its bounds
     Vec3 min;                 ///< bounds
     Vec3 max;
+    PixelRect shown{};  ///< only there can it be seen
 };
 
 /// Sorts items for drawing. Kept from frame to frame for its memory only.

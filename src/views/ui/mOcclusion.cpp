@@ -12,6 +12,10 @@ namespace {
 /// Cells to aim at: more of them cost more time than what they find hidden would.
 constexpr double kMostCells = 6e4;
 
+/// Hidden pixels that make it worth drawing a box only where it shows: more than a change of state
+/// costs.
+constexpr int kMuchHidden = 2000;
+
 /// How far from its exact place OpenGL may draw an edge, in pixels, with room to spare.
 constexpr float kEdgeRoom = 1.0F / 64;
 
@@ -127,12 +131,12 @@ OcclusionBuffer::ClipPoint OcclusionBuffer::Project(double x, double y, double z
             apply(projection_[3])};
 }
 
-bool OcclusionBuffer::Hides(const Vec3& min, const Vec3& max) const {
+PixelRect OcclusionBuffer::Showing(const Vec3& min, const Vec3& max) const {
     const Extents box{
         {(double(min.x) + max.x) / 2, (double(min.y) + max.y) / 2, (double(min.z) + max.z) / 2},
         {(max.x - min.x) / 2, (max.y - min.y) / 2, (max.z - min.z) / 2}};
     const float nearestDepth = Least(projection_[3], box);
-    if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return false;
+    if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return {0, 0, width_, height_};
     Corners x, y, w;
     SpreadCorners(projection_[0], box, x);
     SpreadCorners(projection_[1], box, y);
@@ -148,21 +152,34 @@ bool OcclusionBuffer::Hides(const Vec3& min, const Vec3& max) const {
     const int lastX = FloorWithin(right - 0.5F + kEdgeRoom, width_ - 1);
     const int firstY = std::max(CeilWithin(bottom - 0.5F - kEdgeRoom, height_), 0);
     const int lastY = FloorWithin(top - 0.5F + kEdgeRoom, height_ - 1);
-    if (firstX > lastX || firstY > lastY) return true;
-    return AreCovered(firstX / cell_, lastX / cell_, firstY / cell_, lastY / cell_,
-                      1 / nearestDepth * kDepthRounding + kDepthRoom);
+    if (firstX > lastX || firstY > lastY) return {};
+    const PixelRect all{firstX, firstY, lastX - firstX + 1, lastY - firstY + 1};
+    const PixelRect open = Uncovered(all, 1 / nearestDepth * kDepthRounding + kDepthRoom);
+    if (open.width == 0) return {};
+    const bool muchHidden = all.width * all.height - open.width * open.height > kMuchHidden;
+    return muchHidden ? open : PixelRect{0, 0, width_, height_};
 }
 
-/// Whether all cells of the rectangle are at least as near as that, in 1 / depth.
-bool OcclusionBuffer::AreCovered(int firstX, int lastX, int firstY, int lastY, float needed) const {
-    const int count = lastX - firstX + 1;
-    for (int row = firstY; row <= lastY; ++row) {
-        const float* cell = &cells_[std::size_t(row) * columns_ + firstX];
-        int open = 0;
-        for (int i = 0; i < count; ++i) open += cell[i] < needed;
-        if (open > 0) return false;
+/// Bounds of the cells of the rectangle that are not surely as near as that, in 1 / depth.
+PixelRect OcclusionBuffer::Uncovered(const PixelRect& pixels, float needed) const {
+    const int first = pixels.left / cell_;
+    const int last = (pixels.left + pixels.width - 1) / cell_;
+    int left = last + 1, right = -1, bottom = -1, top = -1;
+    for (int row = pixels.bottom / cell_; row <= (pixels.bottom + pixels.height - 1) / cell_;
+         ++row) {
+        const float* cells = &cells_[std::size_t(row) * columns_];
+        int from = first;
+        while (from <= last && cells[from] >= needed) ++from;
+        if (from > last) continue;
+        int to = last;
+        while (cells[to] >= needed) --to;
+        left = std::min(left, from);
+        right = std::max(right, to);
+        if (bottom < 0) bottom = row;
+        top = row;
     }
-    return true;
+    if (bottom < 0) return {};
+    return {left * cell_, bottom * cell_, (right - left + 1) * cell_, (top - bottom + 1) * cell_};
 }
 
 void OcclusionBuffer::Add(std::span<const PreviewFace> faces, std::span<const Vertex> vertices) {

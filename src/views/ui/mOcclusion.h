@@ -15,6 +15,16 @@
 
 namespace korvane {
 
+/// Pixels of the view, from the bottom left; none where the width is 0.
+struct PixelRect {
+    int left = 0;
+    int bottom = 0;
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
 /// The depth picture. Kept from frame to frame for its memory only.
 class OcclusionBuffer {
   public:
@@ -23,9 +33,10 @@ class OcclusionBuffer {
     /// hides anything there, and the other functions must not be called.
     bool Start(const std::array<double, 16>& projection, int width, int height);
 
-    /// Whether nothing of a box can be seen: it is hidden, outside the view, or too small to meet
-    /// the middle of a pixel.
-    bool Hides(const Vec3& min, const Vec3& max) const;
+    /// Pixels outside which nothing of a box can be seen. None when it is hidden, outside the view,
+    /// or too small to meet the middle of a pixel; the whole view when nothing much is hidden, so
+    /// that boxes share it.
+    PixelRect Showing(const Vec3& min, const Vec3& max) const;
 
     /// Adds a closed convex solid: from now on it hides what lies behind it. The faces name the
     /// vertices.
@@ -45,7 +56,7 @@ class OcclusionBuffer {
         float left, right;
     };
 
-    bool AreCovered(int firstX, int lastX, int firstY, int lastY, float needed) const;
+    PixelRect Uncovered(const PixelRect& pixels, float needed) const;
     ClipPoint Project(double x, double y, double z) const;
     Slope InverseDepth(const PreviewFace& face, double eyeDistance) const;
     void GatherFront(std::span<const PreviewFace> faces);

@@ -72,10 +72,11 @@ class RunWriter {
         out_.runs.clear();
     }
 
-    void Add(const PreviewFace& face, ColorState color, std::uint32_t name) {
-        if (out_.runs.empty() || !Continues(out_.runs.back(), face, color, name)) {
-            out_.runs.push_back(
-                {face.texture, color, name, static_cast<std::uint32_t>(out_.corners.size()), 0});
+    void Add(const PreviewFace& face, ColorState color, std::uint32_t name,
+             const PixelRect& shown) {
+        if (out_.runs.empty() || !Continues(out_.runs.back(), face, color, name, shown)) {
+            out_.runs.push_back({face.texture, color, name, shown,
+                                 static_cast<std::uint32_t>(out_.corners.size()), 0});
         }
         out_.corners.insert(out_.corners.end(), face.corners.begin(), face.corners.end());
         out_.runs.back().count += 3;
@@ -83,8 +84,9 @@ class RunWriter {
 
   private:
     static bool Continues(const PreviewRun& run, const PreviewFace& face, ColorState color,
-                          std::uint32_t name) {
-        return run.texture == face.texture && run.color == color && run.name == name;
+                          std::uint32_t name, const PixelRect& shown) {
+        return run.texture == face.texture && run.color == color && run.name == name &&
+               run.shown == shown;
     }
 
     PreviewRuns& out_;
@@ -102,12 +104,13 @@ std::span<const PreviewFace> FacesOf(const PreviewMesh& mesh, const PreviewBrush
 /// Lists the brushes that the view volume meets, in scene order.
 void FindItems(const PreviewMesh& mesh, const PreviewView& view, std::vector<DrawItem>& items) {
     const Frustum frustum(view.projection);
+    const PixelRect everywhere{0, 0, view.width, view.height};
     items.clear();
     for (std::uint32_t b = 0; b < mesh.brushes.size(); ++b) {
         const PreviewBrush& brush = mesh.brushes[b];
         if (brush.faceCount == 0 || frustum.Excludes(brush.min, brush.max)) continue;
-        items.push_back(
-            {b, 0, NearestDepth(view.projection, brush.min, brush.max), brush.min, brush.max});
+        items.push_back({b, 0, NearestDepth(view.projection, brush.min, brush.max), brush.min,
+                         brush.max, everywhere});
     }
 }
 
@@ -130,10 +133,12 @@ void KeepVisible(const Scene& scene, PreviewMesh& mesh, const PreviewView& view,
     runs.visible.clear();
     for (const auto& [depth, place] : runs.nearFirst) {
         const DrawItem& item = runs.items[place];
-        if (runs.occlusion.Hides(item.min, item.max)) continue;
+        const PixelRect shown = runs.occlusion.Showing(item.min, item.max);
+        if (shown.width == 0) continue;
         PreviewBrush& brush = mesh.brushes[item.brush];
         const std::int32_t texture = mesh.faces[brush.firstFace].texture;
         runs.visible.push_back(item);
+        runs.visible.back().shown = shown;
         runs.visible.back().state = scene.brushes[item.brush].selected ? ~texture : texture;
         if (HidesOthers(brush, scene.brushes[item.brush], view.showInvisible)) {
             runs.occlusion.Add(FacesOf(mesh, brush), scene.brushes[item.brush].vertices);
@@ -167,7 +172,7 @@ void WriteRuns(const Scene& scene, const PreviewMesh& mesh, const PreviewView& v
             const std::uint32_t name = namesFaces                  ? face.number
                                        : naming == Naming::Brushes ? item.brush
                                                                    : kNoPickName;
-            writer.Add(face, ColorOf(selected, face.selected), name);
+            writer.Add(face, ColorOf(selected, face.selected), name, item.shown);
         }
     }
 }

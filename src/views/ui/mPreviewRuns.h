@@ -25,6 +25,7 @@ struct PreviewRun {
     std::int32_t texture = 0;
     ColorState color = ColorState::None;
     std::uint32_t name = kNoPickName;  ///< stays kNoPickName unless picking
+    PixelRect shown;                   ///< where to draw it; a pick draws everywhere
     std::uint32_t first = 0;           ///< place in PreviewRuns::corners
     std::uint32_t count = 0;           ///< corners, three per triangle
 };

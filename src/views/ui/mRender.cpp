@@ -136,6 +136,10 @@ class RunDrawer {
             SetColor(run.color, shown_.settings.colors);
             color_ = run.color;
         }
+        if (run.shown != shownIn_) {
+            glScissor(run.shown.left, run.shown.bottom, run.shown.width, run.shown.height);
+            shownIn_ = run.shown;
+        }
         if (picking_) glLoadName(run.name);
         glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(run.count), GL_UNSIGNED_INT,
                        BufferOffset(run.first * sizeof(std::uint32_t)));
@@ -146,6 +150,7 @@ class RunDrawer {
     bool picking_;
     std::int64_t boundTexture_ = -1;
     ColorState color_ = ColorState::None;
+    PixelRect shownIn_;
 };
 
 /// Projection times modelview, as OpenGL holds them now.
@@ -181,7 +186,9 @@ void DrawPreviewBrushes(RenderContext& context, PreviewRenderer& renderer,
         StoreIndices(gl, renderer);
         PointToCorners();
         RunDrawer drawer(shown, renderer.PickRendering);
+        if (!renderer.PickRendering) glEnable(GL_SCISSOR_TEST);
         for (const PreviewRun& run : renderer.runs.runs) drawer.Draw(run);
+        glDisable(GL_SCISSOR_TEST);
     }
     LeaveCorners(gl);
 }
