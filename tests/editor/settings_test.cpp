@@ -184,6 +184,21 @@ TEST_F(SettingsTest, UserFolderStartsWithTheShippedTextures) {
     EXPECT_TRUE(fs::exists(folder.Path("user/Korvane.kvdat")));
 }
 
+TEST_F(SettingsTest, ACopyOfTheTexturesThatFailsIsMadeAtTheNextStart) {
+    fs::create_directory(folder.Path("ObjTextures"));
+    WriteFileBytes(folder.Path("ObjTextures/brick.bmp"), {1});
+    fs::create_symlink(folder.Path("gone"), folder.Path("ObjTextures/unreadable.bmp"));
+    editor.dataFolder = folder.Path("user");
+    fs::create_directory(editor.dataFolder);
+    MakeFolders(editor);
+    for (const auto& entry : fs::directory_iterator(editor.dataFolder)) {
+        EXPECT_EQ(entry.path().filename(), "ObjCache") << "no half copy is left";
+    }
+    fs::remove(folder.Path("ObjTextures/unreadable.bmp"));
+    MakeFolders(editor);
+    EXPECT_EQ(FileBytes(folder.Path("user/ObjTextures/brick.bmp")), Bytes{1});
+}
+
 TEST(WindowPlaceTest, StateAtTheEndDecidesTheStart) {
     const struct {
         bool remember;

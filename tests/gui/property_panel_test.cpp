@@ -156,6 +156,13 @@ TEST_F(PropertyPanelTest, EnterInANumberBoxWritesOneAxis) {
     Type("txtTextureRepeat_0", "1.5");
     QTest::keyClick(Find("txtTextureRepeat_0"), Qt::Key_Enter);
     EXPECT_EQ(Count(&BrushFace::repeatX, 1.5F), 24);
+    Type("txtTextureOffset_0", "-2");
+    QTest::keyClick(Find("txtTextureOffset_0"), Qt::Key_Return);
+    EXPECT_EQ(Count(&BrushFace::offsetX, -2.0F), 24);
+    Type("txtTextureRepeat_1", "3");
+    QTest::keyClick(Find("txtTextureRepeat_1"), Qt::Key_Return);
+    EXPECT_EQ(Count(&BrushFace::repeatY, 3.0F), 24);
+    EXPECT_EQ(Count(&BrushFace::repeatX, 1.5F), 24);
     EXPECT_EQ(Text("txtTextureRepeat_0") + " " + Text("txtTextureOffset_1"), "1.5 0.5");
     QLocale::setDefault(QLocale::C);
     Type("txtTextureRepeat_1", "7");
