@@ -69,7 +69,7 @@ void AppendRounded(std::string& out, float value) {
     constexpr std::int64_t kScale = 1'000'000;
     const double scaled = Round(double{value} * kScale);  // exact before it is rounded
     if (!(std::abs(scaled) < 1e15)) {
-        out += FormatFixed(value, 0, 6);
+        out += FormatFixed(Finite(value), 0, 6);
         return;
     }
     const auto units = static_cast<std::int64_t>(std::abs(scaled));

@@ -22,7 +22,8 @@ std::string FormatGrouped(std::int64_t value);
 std::string FormatGeneral(float value);
 
 /// Appends value rounded to 6 decimal places, halves to even, in the shortest form without an
-/// exponent: "1", "0.5", "-0.123457". Zero carries no minus sign.
+/// exponent: "1", "0.5", "-0.123457". Zero carries no minus sign. What is no number is as Finite
+/// (Rounding.h) gives it.
 void AppendRounded(std::string& out, float value);
 
 /// The number that `text` starts with (leading blanks skipped, "." as decimal separator, an

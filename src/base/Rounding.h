@@ -2,7 +2,9 @@
 // with halves to even.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace korvane {
 
@@ -17,6 +19,13 @@ double Round(double x, int digits);
 
 /// Round(x) as a 32-bit integer. Values outside its range, and NaN, give the nearest bound or 0.
 std::int32_t RoundToInt(double x);
+
+/// x, or what an exported file holds in its place where x is no finite number: the nearest one, and
+/// 0 for NaN.
+inline float Finite(float x) {
+    constexpr float kMost = std::numeric_limits<float>::max();
+    return x != x ? 0 : std::clamp(x, -kMost, kMost);
+}
 
 /// Int(x) as a 32-bit integer, with the same treatment of values outside the range.
 std::int32_t FloorToInt(double x);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/NumberText.h"
+#include "base/Rounding.h"
 #include "base/SingleByteText.h"
 #include "files/FileBuffer.h"
 #include "files/LittleEndian.h"
@@ -97,13 +98,13 @@ std::size_t MeshLength(const Object3DS& object, const std::string& materialName)
            FaceListLength(materialName, object.faces.size());
 }
 
-/// value rounded to 6 decimal places, as Round does it, at a third of its cost: a million is
-/// nothing special for an export.
+/// Finite(value) rounded to 6 decimal places, as Round does it, at a third of its cost: a million
+/// is nothing special for an export.
 float RoundedTo6(float value) {
     constexpr double kScale = 1e6;
     constexpr double kToWhole = 6755399441055744.0;  // 1.5 * 2^52: no room for a fraction above it
     constexpr float kWholeFrom = 8388608.0F;         // 2^23: floats from here on have no fraction
-    if (!(std::abs(value) < kWholeFrom)) return value;
+    if (!(std::abs(value) < kWholeFrom)) return Finite(value);
     const double scaled = double{value} * kScale;
     const double whole = scaled + kToWhole - kToWhole;
     return static_cast<float>(std::copysign(whole / kScale, scaled));
@@ -240,7 +241,7 @@ class ModelWriter {
     void WriteTexCoords(const std::vector<TexCoord>& texCoords) {
         std::uint8_t* to = ListChunk(kTextureVertices, texCoords.size(), kTexCoordBytes);
         for (const TexCoord& corner : texCoords)
-            to = StoreSingle(StoreSingle(to, corner.u), corner.v);
+            to = StoreSingle(StoreSingle(to, Finite(corner.u)), Finite(corner.v));
     }
 
     void WriteLocalAxes() {

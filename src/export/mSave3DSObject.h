@@ -65,6 +65,7 @@ std::int32_t AddMaterial(Model3DS& model, const Color3DS& ambient, const Color3D
 std::int32_t AddModelObject(Model3DS& model, Object3DS object);
 
 /// The model as the bytes of a file; positions are turned from Y up to Z up: (x, -z, y).
+/// Every number in it is finite.
 std::vector<std::uint8_t> EncodeModel(const Model3DS& model);
 
 /// Stores the model as a file (UTF-8 path). False when it can't be written; the old file is whole

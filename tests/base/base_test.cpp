@@ -68,8 +68,19 @@ TEST(NumberTextTest, RoundedTextsOfAllFloatsAreThoseOfTheFixedFormat) {
                                   : std::bit_cast<float>(static_cast<std::uint32_t>(random()));
         std::string text = "x";
         AppendRounded(text, value);
-        ASSERT_EQ(text, "x" + FormatFixed(value, 0, 6));
+        ASSERT_EQ(text, "x" + FormatFixed(Finite(value), 0, 6));
     }
+}
+
+TEST(NumberTextTest, RoundedTextsAreAlwaysNumbers) {
+    using Limits = std::numeric_limits<float>;
+    std::string text;
+    for (const float value : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity()}) {
+        AppendRounded(text, value);
+        text += ' ';
+    }
+    const std::string most = "340282346638528859811704183484516925440";
+    EXPECT_EQ(text, "0 " + most + " -" + most + " ");
 }
 
 TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {
