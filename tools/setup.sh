@@ -30,3 +30,5 @@ run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox xdotool)
 # What the tests run on exported source code, beside g++.
 test_packages=(nodejs libjs-three python3)
+# fuzz/run.sh: clang, its sanitizers and libFuzzer, and what names the lines of a report.
+fuzz_packages=(clang libclang-rt-dev llvm cmake ninja-build)

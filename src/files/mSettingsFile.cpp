@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 #include <string_view>
 
 #include "base/SingleByteText.h"
@@ -78,8 +77,9 @@ void WriteWindow(FileWriter& file, const Settings& settings) {
 
 void WriteRecent(FileWriter& file, const Settings& settings) {
     std::array<std::string_view, kRecentFiles> entries;
+    const std::size_t count = std::min(settings.recentFiles.size(), kRecentFiles);
     std::ranges::copy_if(
-        settings.recentFiles | std::views::take(kRecentFiles), entries.begin(),
+        std::span(settings.recentFiles).first(count), entries.begin(),
         [](const std::string& path) { return FromSingleByte(ToSingleByte(path)) == path; });
     file.WriteTag("RCNT");
     file.WriteLong(static_cast<std::int32_t>(entries.size()));
