@@ -36,7 +36,7 @@ declare -A longest=([object]=16384 [snapshot]=16384 [settings]=2048 [scheme]=256
 fuzz() {
     mkdir -p "$build/corpus/$1" "$build/findings/$1" "$build/logs"
     "$build/bin/$1_fuzzer" "$build/corpus/$1" "$build/seeds/$1" -dict="fuzz/dictionaries/$1.dict" \
-        -max_total_time="$seconds" -max_len="${longest[$1]}" -timeout=10 -rss_limit_mb=1024 \
+        -max_total_time="$seconds" -max_len="${longest[$1]}" -timeout=30 -rss_limit_mb=1024 \
         -malloc_limit_mb=64 -print_final_stats=1 -artifact_prefix="$build/findings/$1/" \
         >"$build/logs/$1.log" 2>&1 || echo "ended with $?" >>"$build/logs/$1.log"
 }
