@@ -29,7 +29,7 @@ build=$PWD/build/fuzz
 "$build/bin/write_seeds" "$build/seeds"
 
 # The longest input worth making: a few brushes, a few lines, a few pixels.
-declare -A longest=([object]=16384 [snapshot]=16384 [settings]=2048 [scheme]=256 [keymap]=256
+declare -A longest=([object]=8192 [snapshot]=8192 [settings]=2048 [scheme]=256 [keymap]=256
     [template]=4096 [tga]=4096)
 
 # fuzz TARGET: runs it, its words into a log.
