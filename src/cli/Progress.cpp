@@ -23,8 +23,12 @@ Progress::~Progress() {
 
 void Progress::Next(const std::string& name) {
     ++begun_;
+    Show(name + " (" + std::to_string(begun_) + " of " + std::to_string(total_) + ")");
+}
+
+void Progress::Show(const std::string& text) {
     if (!terminal_ || Clock::now() < due_) return;
-    std::cerr << kEraseLine << name << " (" << begun_ << " of " << total_ << ")" << std::flush;
+    std::cerr << kEraseLine << text << std::flush;
     shown_ = true;
     due_ = Clock::now() + kStep;
 }

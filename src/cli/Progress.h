@@ -7,17 +7,21 @@
 
 namespace korvane {
 
-/// Shows "name (3 of 200)" in one line that is taken away at the end. Silent where standard error
-/// is no terminal, and for the first half second.
+/// Shows one line that is taken away at the end. Silent where standard error is no terminal, and
+/// for the first half second.
 class Progress {
   public:
-    explicit Progress(std::size_t total);
+    /// `total` is how many Next counts to.
+    explicit Progress(std::size_t total = 0);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
-    /// Work on the next of them begins.
+    /// Work on the next of them begins: "name (3 of 200)".
     void Next(const std::string& name);
+
+    /// Shows the text, at most ten times a second.
+    void Show(const std::string& text);
 
     /// Takes the line away for now, so that a message can stand in its place.
     void Clear();

@@ -13,6 +13,7 @@ void AddInfo(CLI::App& app);
 void AddConvert(CLI::App& app);
 void AddExport(CLI::App& app);
 void AddRender(CLI::App& app);
+void AddOptimize(CLI::App& app);
 
 /// Adds a sub-command to begin with: what it does in one line, and in more words under its help.
 CLI::App& AddSubCommand(CLI::App& app, const std::string& name, const std::string& summary,

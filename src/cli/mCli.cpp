@@ -10,7 +10,8 @@
 namespace korvane {
 namespace {
 
-constexpr void (*kSubCommands[])(CLI::App&) = {AddInfo, AddConvert, AddExport, AddRender};
+constexpr void (*kSubCommands[])(CLI::App&) = {AddInfo, AddConvert, AddExport, AddRender,
+                                               AddOptimize};
 
 constexpr const char* kExitStatus =
     "Exit status: 0 success, 1 a file was bad or could not be written, 2 wrong usage.";

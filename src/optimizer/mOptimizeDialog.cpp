@@ -47,10 +47,13 @@ std::string TimeText(double elapsedSeconds, const OptimizeProgress& progress) {
     return text + "   Remaining: about " + ClockText(elapsedSeconds * (1 - share) / share);
 }
 
+std::string ResultText(const OptimizeResult& result) {
+    return Polygons(result.hidden) + " hidden, " + Polygons(result.shown) + " made visible again";
+}
+
 Message FinishedMessage(const OptimizeResult& result) {
-    return {"The object is optimized: " + Polygons(result.hidden) + " hidden, " +
-                Polygons(result.shown) + " made visible again.",
-            "Notice!", MessageIcon::Information, MessageButtons::Ok};
+    return {"The object is optimized: " + ResultText(result) + ".", "Notice!",
+            MessageIcon::Information, MessageButtons::Ok};
 }
 
 void CloseOptimize(Editor& editor) {

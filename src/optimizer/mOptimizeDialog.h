@@ -33,6 +33,9 @@ int ProgressPercent(const OptimizeProgress& progress);
 /// Elapsed time, and what is left of it at the pace so far once there is one.
 std::string TimeText(double elapsedSeconds, const OptimizeProgress& progress);
 
+/// "2 polygons hidden, 1 polygon made visible again".
+std::string ResultText(const OptimizeResult& result);
+
 /// What the user is told when all brushes are done.
 Message FinishedMessage(const OptimizeResult& result);
 

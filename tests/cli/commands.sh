@@ -3,6 +3,7 @@
 # status, messages and what is left on the disk. Usage: commands.sh KORVANE_CLI EXAMPLES
 set -u
 cli=$(realpath -e "$1") && examples=$(realpath -e "$2") || exit 1
+golden=$(realpath -e "$(dirname "$0")/../golden") || exit 1
 unset DISPLAY WAYLAND_DISPLAY
 export QT_QPA_PLATFORM=xcb # must not matter
 # The drivers of OpenGL leak a little of their own.
@@ -12,6 +13,7 @@ trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
 mkdir out none
 cp "$examples/house.kvobject" "$examples/castle_tower.kvobject" .
+cp "$golden/scene.kvobject" two.kvobject
 head -c 5000 house.kvobject >cut.kvobject
 printf 'OBSF' >tiny.kvobject
 : >empty.kvobject
@@ -73,10 +75,10 @@ json() { # json EXPRESSION: holds of the array d that was printed
 
 # --- help and usage
 good --help
-for command in info convert export render; do
+for command in info convert export render optimize; do
     says "  $command "
 done
-for command in info convert export render; do
+for command in info convert export render optimize; do
     good $command --help
     says "Usage: korvane-cli $command"
     says "--textures DIR"
@@ -98,6 +100,9 @@ for camera in 0,3,5,-30 0,3,5,-30,0,0 0,3,5,-30,x 0,3,5,-30,nan 0,3,5,-30,1e99 0
 done
 wrong "--view" render house.kvobject -o out/x.png --view back
 wrong "only goes with --view 3d" render house.kvobject -o out/x.png --view top --camera 0,3,5,-30,0
+wrong "does not end in .kvobject" optimize house.kvobject -o out/x.3ds
+wrong "--detail" optimize house.kvobject -o out/x.kvobject --detail 5
+wrong "excludes" optimize house.kvobject -o out/x.kvobject --exact --detail 1
 wrong "absent" info house.kvobject --textures absent
 
 # --- bad files
@@ -107,6 +112,7 @@ for file in cut tiny empty; do
     bad "$file.kvobject: $invalid" convert house.kvobject $file.kvobject -o out/x.kvobject
     bad "$file.kvobject: $invalid" export $file.kvobject -o out/x.3ds
     bad "$file.kvobject: $invalid" export $file.kvobject -o out/x.txt
+    bad "$file.kvobject: $invalid" optimize $file.kvobject -o out/x.kvobject
     bad "$file.kvobject: $invalid" render $file.kvobject -o out/x.png
     bad "$file.kvobject: $invalid" render $file.kvobject -o out/x.png --view left
 done
@@ -119,6 +125,7 @@ bad "absent: Error: Unable to load file! (No such file or directory)" \
 
 # --- files that can't be written
 save="Error: Unable to save file!"
+bad "no/x.kvobject: $save" optimize house.kvobject -o no/x.kvobject --exact
 for output in x.kvobject x.3ds x.txt x.png; do
     case $output in
     *.kvobject) command=convert ;;
@@ -190,6 +197,44 @@ grep -q 'glVertex3f -\?[0-9.]*, ' out/a.txt || fail "$args: not template a"
 good export house.kvobject -o out/names.txt --template names.kvcode --textures none
 [ "$(grep -o '^[^;]*;' out/names.txt | sort -u | wc -l)" -eq 13 ] || fail "$args: lost texture names"
 grep -q '^Brick.jpg;%d' out/names.txt || fail "$args: not the given template"
+
+# --- optimize
+good optimize castle_tower.kvobject -o out/low.kvobject --detail 4
+says "polygons hidden, 0 polygons made visible again"
+good optimize two.kvobject -o out/fast.kvobject
+says "0 polygons hidden, 4 polygons made visible again"
+good optimize two.kvobject -o out/driver.kvobject --reference
+cmp -s out/fast.kvobject out/driver.kvobject || fail "optimize: the engines differ"
+cmp -s two.kvobject out/driver.kvobject && fail "$args: changed nothing"
+good optimize castle_tower.kvobject -o out/less.kvobject --detail 4 --no-z-axis-pass --no-polar-passes
+cmp -s out/low.kvobject out/less.kvobject && fail "optimize: the passes change nothing"
+good optimize castle_tower.kvobject -o out/high.kvobject --json
+json "list(d) == ['file', 'brushes', 'hiddenPolygons', 'shownPolygons']"
+json "d['file'] == 'out/high.kvobject' and d['hiddenPolygons'] > 0 == d['shownPolygons']"
+good optimize out/high.kvobject -o out/exact.kvobject --exact --json
+json "d['shownPolygons'] > 0"
+good info --json castle_tower.kvobject out/high.kvobject out/exact.kvobject
+json "d[0]['faces']['total'] == d[1]['faces']['total'] == d[2]['faces']['total']"
+json "0 == d[0]['faces']['invisible'] < d[2]['faces']['invisible'] < d[1]['faces']['invisible']"
+
+# A long run on a terminal tells how far it is; broken off, it leaves nothing.
+mkdir broken
+python3 - "$cli" >stdout 2>stderr <<'EOF' || fail "optimize: no progress on a terminal"
+import os, pty, select, signal, sys
+pid, terminal = pty.fork()
+if pid == 0:
+    os.execv(sys.argv[1], [sys.argv[1], "optimize", "castle_tower.kvobject", "--reference",
+                           "-o", "broken/x.kvobject"])
+shown = b""
+while b"Optimizing Brush: 1 of 164   Elapsed: 0:" not in shown:
+    if not select.select([terminal], [], [], 60)[0]:
+        break
+    shown += os.read(terminal, 1000)
+os.kill(pid, signal.SIGTERM)
+os.waitpid(pid, 0)
+sys.exit(b"Elapsed" not in shown)
+EOF
+[ -z "$(ls -A broken)" ] || fail "optimize: a broken run left $(ls -A broken)"
 
 # --- render
 picture() { # picture WIDTH HEIGHT ARGUMENT...
