@@ -1,6 +1,7 @@
 // The optimizer's reference in selection mode, and the fast engine beside it: what the driver says
 // lies under the pixel, stop by stop and over whole runs.
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <cstdlib>
 #include <set>
@@ -132,7 +133,8 @@ TEST_F(SelectionEngineTest, WholeRunsSetTheFlagsOfTheFastEngine) {
     for (int i = 0; i < 1000; ++i) {
         const SceneMaker made = MakePair(dice);
         OptimizeOptions options;
-        options.angleStep = kDetailSteps[i % 50 == 0 ? 0 : 3 + static_cast<std::size_t>(i) % 2];
+        const auto kind = static_cast<std::size_t>(i);
+        options.angleStep = kDetailSteps[kind % 60 < 3 ? kind % 60 : 3 + kind % 2];
         options.polarPasses = i % 3 != 0;
         options.zAxisPass = i % 4 != 0;
         Scene fast = made.scene;
@@ -154,6 +156,23 @@ TEST_F(SelectionEngineTest, WholeRunsSetTheFlagsOfTheFastEngine) {
         }
     }
     EXPECT_GT(hidden, 500);
+}
+
+TEST_F(SelectionEngineTest, PicksLeaveNoMemoryBehind) {
+    Dice dice(13);
+    const SceneMaker made = MakePair(dice);
+    const PreparedPair pair(made.scene);
+    const CameraStop stop = CameraStops({}).front();
+    const StopView view = StopCamera({}).ViewAt(stop, pair.orbit);
+    const auto inUseAfter = [&](int picks) {
+        for (int i = 0; i < picks; ++i) {
+            SelectAtStop(stop, view, {pair.target, pair.invisible, pair.other});
+        }
+        const struct mallinfo2 heap = mallinfo2();
+        return static_cast<std::ptrdiff_t>(heap.uordblks + heap.hblkhd);
+    };
+    const std::ptrdiff_t before = inUseAfter(100);
+    EXPECT_LT(inUseAfter(5000) - before, 100'000) << "bytes";
 }
 
 TEST_F(SelectionEngineTest, LeavesTheContextAsThePreviewNeedsIt) {

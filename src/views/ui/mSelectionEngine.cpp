@@ -2,6 +2,7 @@
 
 #include <GL/glu.h>
 
+#include <algorithm>
 #include <array>
 #include <set>
 
@@ -13,17 +14,23 @@ namespace {
 
 using HitBuffer = std::array<GLuint, 2048>;
 
-void DrawTriangle(const Brush& brush, const BrushFace& face) {
+void UseVertices(const Brush& brush) {
+    const Vertex* first = brush.vertices.data();
+    glVertexPointer(3, GL_FLOAT, sizeof(Vertex), first ? &first->x : nullptr);
+}
+
+/// Adds the corners of a face, in the numbers of UseVertices, unless the brush lacks one.
+void AddCorners(const Brush& brush, const BrushFace& face, std::vector<GLint>& corners) {
     const auto count = static_cast<std::int32_t>(brush.vertices.size());
-    for (const std::int32_t v : {face.a, face.b, face.c}) {
-        if (v < 0 || v >= count) return;
-    }
-    glBegin(GL_TRIANGLES);
-    for (const std::int32_t v : {face.a, face.b, face.c}) {
-        const Vertex& vertex = brush.vertices[static_cast<std::size_t>(v)];
-        glVertex3f(vertex.x, vertex.y, vertex.z);
-    }
-    glEnd();
+    const auto [low, high] = std::minmax({face.a, face.b, face.c});
+    if (low >= 0 && high < count) corners.insert(corners.end(), {face.a, face.b, face.c});
+}
+
+void DrawTriangles(std::vector<GLint>& corners) {
+    if (corners.empty()) return;
+    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(corners.size()), GL_UNSIGNED_INT,
+                   corners.data());
+    corners.clear();
 }
 
 /// The name of the nearest record: the first of the smallest depth.
@@ -131,15 +138,24 @@ class SelectionEngine final : public OptimizeEngine {
 
 }  // namespace
 
+/// With vertex arrays: the driver would keep each vertex that glVertex is given in selection mode.
 void RenderPickPair(const PickPair& pair) {
+    std::vector<GLint> corners;
+    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    glEnableClientState(GL_VERTEX_ARRAY);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    UseVertices(pair.target);
     for (std::size_t i = 0; i < pair.target.faces.size(); ++i) {
         if (pair.invisible[i]) continue;
         glLoadName(static_cast<GLuint>(i));
-        DrawTriangle(pair.target, pair.target.faces[i]);
+        AddCorners(pair.target, pair.target.faces[i], corners);
+        DrawTriangles(corners);
     }
     glLoadName(kNoPickName);
-    for (const BrushFace& face : pair.other.faces) DrawTriangle(pair.other, face);
+    UseVertices(pair.other);
+    for (const BrushFace& face : pair.other.faces) AddCorners(pair.other, face, corners);
+    DrawTriangles(corners);
+    glPopClientAttrib();
 }
 
 std::int32_t SelectAtStop(const CameraStop& stop, const StopView& view, const PickPair& pair) {
