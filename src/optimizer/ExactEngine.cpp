@@ -146,6 +146,8 @@ class ExactEngine final : public OptimizeEngine {
     }
 
   private:
+    static constexpr std::size_t kWorkOfSolid = 20;  ///< of a face, in triangles of the watch
+
     /// The order in which solids are tried: by where they lie, so that it does not hang on the
     /// order of brushes.
     void RankByPlace() {
@@ -180,13 +182,14 @@ class ExactEngine final : public OptimizeEngine {
         return length > 0 ? Along({}, normal, 1 / length) : Point3{};
     }
 
+    /// Nothing once the run has ended.
     const ConvexSolid& SolidOf(std::int32_t brush, OptimizeWatch& watch) {
+        static const ConvexSolid kNothing;
         auto& solid = solids_[static_cast<std::size_t>(brush)];
-        if (!solid) {
-            const Brush& source = scene_.brushes[static_cast<std::size_t>(brush)];
-            solid = FindSolid(source, std::numeric_limits<std::size_t>::max());
-            watch.GoOn(source.faces.size());
-        }
+        if (solid) return *solid;
+        const Brush& source = scene_.brushes[static_cast<std::size_t>(brush)];
+        if (!watch.GoOn(kWorkOfSolid * source.faces.size())) return kNothing;
+        solid = FindSolid(source, std::numeric_limits<std::size_t>::max());
         return *solid;
     }
 

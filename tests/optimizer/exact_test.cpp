@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 #include "optimizer/ExactEngine.h"
@@ -171,6 +172,22 @@ TEST(ExactOptimizerTest, NoRayFromOutsideMeetsAHiddenFaceFirst) {
         }
     }
     EXPECT_GT(hidden, 5000) << "the scenes are too easy";
+}
+
+TEST(ExactOptimizerTest, StopsAtOnceAmongManySolidsToLookInto) {
+    SceneMaker made;
+    made.Create(Box, 4, {-1, -1, -1}, {1, 1, 1});
+    made.scene.brushes.resize(600, made.Create(Sphere, 64, {-2, -2, -2}, {2, 2, 2}));
+    const auto engine = MakeExactEngine(made.scene);
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point stopped;
+    int polls = 0;
+    const auto stop = [&](const OptimizeProgress&) {
+        stopped = Clock::now();
+        return ++polls < 3;
+    };
+    EXPECT_FALSE(OptimizeScene(made.scene, *engine, stop).finished);
+    EXPECT_LT(Clock::now() - stopped, std::chrono::milliseconds(500)) << "generous: may be busy";
 }
 
 TEST(ExactOptimizerTest, OrderOfBrushesDoesNotMatter) {
