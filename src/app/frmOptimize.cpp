@@ -193,8 +193,18 @@ void frmOptimize::Run() {
     const OptimizeResult result = OptimizeObject(
         editor_, *engine, [this](const OptimizeProgress& progress) { return Poll(progress); });
     state_ = OptimizeState::Idle;
-    if (result.finished) editor_.prompts.ShowMessage(FinishedMessage(result));
+    if (result.finished) TellEnd(result);
     done(result.finished ? Accepted : Rejected);
+}
+
+void frmOptimize::TellEnd(const OptimizeResult& result) {
+    const std::int32_t all = editor_.scene.brushCount();
+    ShowProgress({all - 1, all, 1});
+    pbPercent_->SetPercent(100);
+    lblInfo_->setText(QString::fromStdString(ResultText(result)));
+    btnStart_->setEnabled(false);
+    btnCancel_->setEnabled(false);
+    editor_.prompts.ShowMessage(FinishedMessage(result));
 }
 
 void frmOptimize::EnterState(OptimizeState state) {

@@ -40,6 +40,7 @@ class frmOptimize final : public QDialog {
     std::unique_ptr<OptimizeEngine> MakeEngine();
     void StartPressed();
     void Run();
+    void TellEnd(const OptimizeResult& result);
     void EnterState(OptimizeState state);
     bool Poll(const OptimizeProgress& progress);
     void ShowProgress(const OptimizeProgress& progress);

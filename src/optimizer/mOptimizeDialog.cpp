@@ -43,7 +43,7 @@ std::string TimeText(double elapsedSeconds, const OptimizeProgress& progress) {
     const std::string text = "Elapsed: " + ClockText(elapsedSeconds);
     const double share =
         (progress.brush + progress.shareOfBrush) / std::max(progress.brushCount, 1);
-    if (elapsedSeconds < kFirstGuess || !(share > 0)) return text;
+    if (elapsedSeconds < kFirstGuess || !(share > 0 && share < 1)) return text;
     return text + "   Remaining: about " + ClockText(elapsedSeconds * (1 - share) / share);
 }
 
@@ -52,7 +52,7 @@ std::string ResultText(const OptimizeResult& result) {
 }
 
 Message FinishedMessage(const OptimizeResult& result) {
-    return {"The object is optimized: " + ResultText(result) + ".", "Notice!",
+    return {"The object is optimized:\n" + ResultText(result) + ".", "Notice!",
             MessageIcon::Information, MessageButtons::Ok};
 }
 

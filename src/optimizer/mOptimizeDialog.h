@@ -30,7 +30,7 @@ std::string ProgressText(const OptimizeProgress& progress);
 /// How far the bar is filled, 0..100, by the brush being worked on.
 int ProgressPercent(const OptimizeProgress& progress);
 
-/// Elapsed time, and what is left of it at the pace so far once there is one.
+/// Elapsed time, and what is left at the pace so far, where there is a pace and something left.
 std::string TimeText(double elapsedSeconds, const OptimizeProgress& progress);
 
 /// "2 polygons hidden, 1 polygon made visible again".

@@ -115,12 +115,17 @@ TEST_F(OptimizeDialogTest, RunsToItsEndAsOneUndoStep) {
     AddBox({1, 0, 0}, {2, 1, 1});
     const Camera camera{1, 2, 3, 4, 5, 0};
     Session().camera = camera;
-    WithDialog([&](QDialog& dialog) { Press(dialog, "btnStart"); });
+    QString atEnd;
+    WithDialog([&](QDialog& dialog) {
+        prompts.whenAsked = [&] { atEnd = Text(dialog, "lblInfo"); };
+        Press(dialog, "btnStart");
+    });
     const std::vector<bool> flags = Flags(Session().scene);
     EXPECT_EQ(std::count(flags.begin(), flags.end(), true), 4);
+    EXPECT_EQ(atEnd, "2 polygons hidden, 0 polygons made visible again");
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].text,
-              "The object is optimized: 2 polygons hidden, 0 polygons made visible again.");
+              "The object is optimized:\n2 polygons hidden, 0 polygons made visible again.");
     EXPECT_EQ(Session().camera.x, camera.x);
     EXPECT_EQ(Session().camera.yaw, camera.yaw);
     Choose("mnuUndo");
