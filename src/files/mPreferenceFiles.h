@@ -31,8 +31,8 @@ std::optional<KeyMap> DecodeKeyMap(std::span<const std::uint8_t> bytes, const Ke
 void WriteColor(FileWriter& file, Color color);
 void ReadColor(FileReader& file, Color& color);
 
-/// A key code from a Long of any of the files, left alone beyond the end. What is no virtual-key
-/// code (0..255) reads as no key.
+/// A key code from a Long of any of the files, left alone beyond the end. One of more than 16 bits
+/// reads as no key.
 void ReadKeyCode(FileReader& file, std::int16_t& code);
 
 }  // namespace korvane
