@@ -19,6 +19,7 @@
 #include "app/mKeyInput.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
+#include "editor/mRecovery.h"
 #include "editor/mSettings.h"
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
@@ -41,7 +42,7 @@ constexpr QSize kLeastSize(640, 480);
 }  // namespace
 
 frmMain::frmMain(Prompts& prompts, const std::string& programFolder, const std::string& dataFolder)
-    : editor_(*this, prompts) {
+    : editor_(*this, prompts), autosave_(editor_) {
     InitIcons();
     editor_.programFolder = programFolder;
     editor_.dataFolder = dataFolder;
@@ -87,6 +88,7 @@ bool frmMain::StartUp(ContextMaker makeContext) {
     if (!RunStartUp(*this, log, makeContext)) return false;
     log.close();
     editor_.SceneModified = false;
+    BeginRecovery(editor_);
     RefreshAll(editor_);
     FocusViews();
     return true;
@@ -94,9 +96,11 @@ bool frmMain::StartUp(ContextMaker makeContext) {
 
 void frmMain::RequestRedraw(unsigned redrawSet) {
     workspace_->MarkDirty(redrawSet);
+    autosave_.NoteActivity();
 }
 
 void frmMain::ShowCommandStates() {
+    autosave_.NoteActivity();
     actions_->Refresh();
     setWindowTitle(QString::fromStdString(WindowTitle(editor_)));
 }
@@ -207,6 +211,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     CloseRenderContext(editor_, context_);
     SaveSettingsOrTell(editor_);
     ClearUndoCache(editor_);
+    EndRecovery(editor_);
     event->accept();
 }
 

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "app/Autosave.h"
 #include "app/mStartUp.h"
 #include "editor/Editor.h"
 #include "views/ui/mOGL3D.h"
@@ -64,6 +65,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     RenderContext context_;
     TextureObjects textures_;
     Editor editor_;
+    Autosave autosave_;
     CommandActions* actions_;
     ucToolBar* toolBar_;
     ucToolBar* editBar_;

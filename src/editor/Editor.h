@@ -8,6 +8,7 @@
 #include "editor/EditorHost.h"
 #include "editor/KeyBoard.h"
 #include "editor/Prompts.h"
+#include "editor/Recovery.h"
 #include "editor/UndoCache.h"
 #include "export/CodeTemplate.h"
 #include "files/Settings.h"
@@ -94,6 +95,7 @@ struct Editor {
     MouseLook mouseLook;
 
     UndoCache undo;
+    Recovery recovery;
     Vec3 freeRotate;  ///< last angles typed into the free-rotate dialog, degrees
     Multiply multiply;
     int markerForms = 0;  ///< open dialogs that turn about the marker

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editor/mRecentFiles.h"
+#include "editor/mRecovery.h"
 #include "editor/mUndo.h"
 #include "editor/mViews.h"
 #include "files/FileBuffer.h"
@@ -60,6 +61,7 @@ LoadResult LoadFrom(Editor& editor, const std::string& path, const LoadWay& way)
     if (!brushes) return LoadResult::Failed;
     TakeBrushes(editor.scene, std::move(*brushes), way.merge);
     if (!way.isUndo) editor.SceneModified = way.merge;
+    if (!way.isUndo && !way.merge) NothingUnsaved(editor);
     return LoadResult::Done;
 }
 
@@ -95,6 +97,7 @@ bool SaveObject(Editor& editor, const std::string& path) {
     if (saved) {
         editor.SceneModified = false;
         editor.currentFileForeign = false;
+        NothingUnsaved(editor);
     } else {
         ShowError(editor, "Error: Unable to save file!");
     }
@@ -124,6 +127,7 @@ void NewObject(Editor& editor) {
     editor.SceneModified = false;
     editor.CurrentObjectPath.clear();
     editor.currentFileForeign = false;
+    NothingUnsaved(editor);
     ClearUndoCache(editor);
     editor.host.LayoutPanes();  // the split is back in the middle
     RefreshAll(editor);

@@ -51,7 +51,16 @@ void MakeFolders(const Editor& editor) {
     const bool copies = missing && fs::is_directory(shipped, ignored);
     if (copies) CopyFolder(shipped, textures);  // fails as a whole: the next start tries again
     if (missing && !copies) fs::create_directory(textures, ignored);
-    fs::create_directory(data / "ObjCache", ignored);
+    EnsureCacheFolder(editor);
+}
+
+std::string CachePath(const Editor& editor, const std::string& name) {
+    return editor.DataFolder() + "/ObjCache/" + name;
+}
+
+void EnsureCacheFolder(const Editor& editor) {
+    std::error_code ignored;
+    fs::create_directory(ToPath(editor.DataFolder()) / "ObjCache", ignored);
 }
 
 }  // namespace korvane

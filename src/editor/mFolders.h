@@ -15,4 +15,11 @@ std::string ChooseDataFolder(const std::string& programFolder, const std::string
 /// folder starts with the textures that the program brings along. What can't be made stays missing.
 void MakeFolders(const Editor& editor);
 
+/// The path of a file in ObjCache.
+std::string CachePath(const Editor& editor, const std::string& name);
+
+/// Brings ObjCache back where it was taken away while the program runs. One that can't be made
+/// shows in what is written there next.
+void EnsureCacheFolder(const Editor& editor);
+
 }  // namespace korvane

@@ -3,31 +3,17 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
-#include <filesystem>
 #include <optional>
 
 #include "base/NumberText.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mFolders.h"
+#include "editor/mRecovery.h"
 #include "files/FileBuffer.h"
 #include "files/mObjectFile.h"
 
 namespace korvane {
 namespace {
-
-std::string CacheFolder(const Editor& editor) {
-    return editor.DataFolder() + "/ObjCache";
-}
-
-std::string CachePath(const Editor& editor, const std::string& name) {
-    return CacheFolder(editor) + "/" + name;
-}
-
-/// Brings the folder back where it was taken away while the program runs.
-void EnsureCacheFolder(const Editor& editor) {
-    const std::string folder = CacheFolder(editor);
-    std::error_code ignored;  // a folder that can't be made shows in the snapshot that fails
-    std::filesystem::create_directory(std::u8string(folder.begin(), folder.end()), ignored);
-}
 
 /// Further attempts append digits to the fraction of the time.
 std::string SnapshotName(std::int32_t count, double seconds, int attempt) {
@@ -103,15 +89,17 @@ void TakeUndoSnapshot(Editor& editor) {
     undo.failureTold = false;
     if (undo.UndoCount == kUndoSteps) DropOldest(editor);  // only now: the new one is safe
     undo.UndoNames[static_cast<std::size_t>(undo.UndoCount++)] = *name;
+    NoteSnapshot(editor, *name);
 }
 
 void Undo(Editor& editor) {
     UndoCache& undo = editor.undo;
     if (undo.UndoCount == 0) return;
     const std::size_t newest = static_cast<std::size_t>(--undo.UndoCount);
-    const std::string path = CachePath(editor, undo.UndoNames[newest]);
-    LoadObject(editor, path, false, true, true);
-    DeleteFile(path);
+    const std::string& name = undo.UndoNames[newest];
+    const std::string path = CachePath(editor, name);
+    const bool restored = LoadObject(editor, path, false, true, true) == LoadResult::Done;
+    if (!restored || !KeepAsRecovery(editor, name)) DeleteFile(path);
 }
 
 void ClearUndoCache(Editor& editor) {

@@ -105,6 +105,9 @@ enum class Creation {
 /// LoadFile reads.
 Creation CreateFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
+/// Gives the file another name on the same disk (UTF-8 paths), in the place of what has it already.
+bool RenameFile(const std::string& from, const std::string& to);
+
 /// Removes the file; one that can't be removed stays.
 void DeleteFile(const std::string& path);
 

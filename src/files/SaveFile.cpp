@@ -1,4 +1,4 @@
-// Loading and storing whole files. The only place of this floor that calls the operating system.
+// Loading and storing whole files. This and LockedFile are what calls the operating system here.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,34 +9,13 @@
 #include <limits>
 #include <string>
 
+#include "files/Descriptor.h"
 #include "files/FileBuffer.h"
 
 namespace korvane {
 namespace {
 
 constexpr std::size_t kLongestFile = std::numeric_limits<std::int32_t>::max();
-
-/// An open file, closed at the end of the scope.
-class Descriptor {
-  public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { Close(); }
-
-    int Get() const { return fd_; }
-    explicit operator bool() const { return fd_ >= 0; }
-
-    /// Some file systems report a failed write only here.
-    bool Close() {
-        const int fd = fd_;
-        fd_ = -1;
-        return fd < 0 || close(fd) == 0;
-    }
-
-  private:
-    int fd_;
-};
 
 /// The folder of the path, with its slash; empty for a bare name.
 std::string FolderOf(const std::string& path) {
@@ -71,16 +50,6 @@ int CreateTemporary(const std::string& folder, std::string& name) {
     return -1;
 }
 
-bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 /// Waits until the file is on the disk. A file system that has no such operation is no failure.
 bool Flush(int fd) {
     int result;
@@ -110,6 +79,16 @@ void FlushFolder(const std::string& folder) {
 }
 
 }  // namespace
+
+bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return true;
+}
 
 std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
     // Not blocking: opening a pipe would wait for its writer.
@@ -157,6 +136,10 @@ Creation CreateFile(const std::string& path, std::span<const std::uint8_t> bytes
     if (WriteAll(file.Get(), bytes) && file.Close()) return Creation::Done;
     unlink(path.c_str());
     return Creation::Failed;
+}
+
+bool RenameFile(const std::string& from, const std::string& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
 void DeleteFile(const std::string& path) {

@@ -6,6 +6,7 @@
 
 #include "app/frmMain.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mRestore.h"
 #include "platform/QtPrompts.h"
 #include "platform/UserFolder.h"
 
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(":/icons/korvane.svg"));
     if (!window.StartUp()) return 1;
     window.show();
-    OpenArgument(window.Session());
+    // What is restored has changes that opening a file would drop.
+    if (!korvane::OfferRecovery(window.Session())) OpenArgument(window.Session());
     return QApplication::exec();
 }

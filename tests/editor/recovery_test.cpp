@@ -1,0 +1,344 @@
+// What a run that is not closed leaves, and what the next start makes of it.
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "editor/mFileOpenSave.h"
+#include "editor/mPropertyEdits.h"
+#include "editor/mRecovery.h"
+#include "editor/mRestore.h"
+#include "editor/mUndo.h"
+#include "files/RunRecord.h"
+#include "support/FileSizeLimit.h"
+#include "support/SessionFixture.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+using test::Bytes;
+
+/// The fixture's session is the next start; `dead` ran before it and is gone without closing.
+class RecoveryTest : public test::SessionTest {
+  protected:
+    RecoveryTest() {
+        dead = Start();
+        SaveOver(*dead, "house.kvobject");
+    }
+
+    std::unique_ptr<Editor> Start() {
+        auto session = std::make_unique<Editor>(host, prompts);
+        session->programFolder = folder.Path();
+        BeginRecovery(*session);
+        return session;
+    }
+
+    void SaveOver(Editor& session, const std::string& name) {
+        session.CurrentObjectPath = folder.Path(name);
+        ASSERT_TRUE(SaveObject(session, session.CurrentObjectPath));
+    }
+
+    /// A command: one more box, which is selected alone.
+    static void AddBoxTo(Editor& session) {
+        TakeUndoSnapshot(session);
+        for (Brush& brush : session.scene.brushes) brush.selected = false;
+        const auto x = static_cast<float>(session.scene.brushes.size());
+        CreateBrush(session.scene, {x, 0, 0}, {x + 1, 1, 1}, 4, session.Space());
+        session.scene.brushes.back().selected = true;
+    }
+
+    void AddBoxes(int count) {
+        for (int i = 0; i < count; ++i) AddBoxTo(*dead);
+    }
+
+    void Autosave() {
+        StoreRecovery(*dead);
+        dead->recovery.writer.Wait();
+    }
+
+    /// The next start with its answer; the number of boxes it restores, -1 for no offer.
+    int Restored(Answer answer = Answer::Yes) {
+        prompts.answers = {answer};
+        prompts.messages.clear();
+        if (!editor.recovery.record) BeginRecovery(editor);
+        const bool restored = OfferRecovery(editor);
+        EXPECT_EQ(restored, !prompts.messages.empty() && answer == Answer::Yes);
+        return restored ? editor.scene.brushCount() : -1;
+    }
+
+    std::vector<std::string> Files(const std::string& ending) const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder.Path("ObjCache"))) {
+            const std::string name = entry.path().filename();
+            if (name.ends_with(ending)) names.push_back(entry.path());
+        }
+        return names;
+    }
+
+    std::unique_ptr<Editor> dead;
+};
+
+TEST_F(RecoveryTest, RestoresTheSceneOneCommandBeforeTheEndWithItsPath) {
+    AddBoxes(3);
+    const std::string path = dead->CurrentObjectPath;
+    dead.reset();
+    host.commandStateRefreshes = 0;
+    EXPECT_EQ(Restored(), 2);
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].title, "Notice!");
+    EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::YesNo);
+    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Question);
+    EXPECT_THAT(prompts.messages[0].text,
+                testing::MatchesRegex(
+                    "Notice! The program ended unexpectedly!\r\nThere are unsaved changes to "
+                    "\"house.kvobject\" of 2...-..-.. ..:..\\.\r\nDo you wish to restore them\\? "
+                    "They are deleted if not\\."));
+    EXPECT_EQ(editor.CurrentObjectPath, path);
+    EXPECT_TRUE(editor.SceneModified);
+    EXPECT_FALSE(editor.currentFileForeign);
+    EXPECT_EQ(Selected(), "01") << "as it was before the last command";
+    EXPECT_GE(host.commandStateRefreshes, 1);
+    EXPECT_EQ(SnapshotFiles(), 2) << "this run's own record and what it would leave itself";
+    EndRecovery(editor);
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
+TEST_F(RecoveryTest, ARestoredSceneSurvivesTheNextEndToo) {
+    AddBoxes(3);
+    dead->currentFileForeign = true;
+    AddBoxes(1);
+    dead.reset();
+    auto second = Start();
+    prompts.answers = {Answer::Yes};
+    EXPECT_TRUE(OfferRecovery(*second));
+    EXPECT_TRUE(second->currentFileForeign);
+    second.reset();
+    EXPECT_EQ(Restored(), 3);
+    EXPECT_TRUE(editor.currentFileForeign) << "Save must still not overwrite it unasked";
+}
+
+TEST_F(RecoveryTest, NoDeletesIt) {
+    AddBoxes(3);
+    Autosave();
+    dead.reset();
+    EXPECT_EQ(Restored(Answer::No), -1);
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_TRUE(Brushes().empty());
+    EXPECT_FALSE(editor.SceneModified);
+    EXPECT_EQ(SnapshotFiles(), 1) << "this run's record";
+    EXPECT_EQ(Restored(), -1);
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
+/// What a run does before it ends, and what the next start restores: boxes, or -1 for no offer.
+struct EndCase {
+    const char* what;
+    void (*run)(RecoveryTest&, Editor& dead);
+    int boxes;
+};
+
+class EndTest : public RecoveryTest, public testing::WithParamInterface<EndCase> {
+  public:
+    using RecoveryTest::AddBoxes;
+    using RecoveryTest::AddBoxTo;
+    using RecoveryTest::Autosave;
+    using RecoveryTest::Files;
+    using RecoveryTest::SaveOver;
+};
+
+EndTest& As(RecoveryTest& test) {
+    return static_cast<EndTest&>(test);
+}
+
+const EndCase kEnds[] = {
+    {"Nothing", [](RecoveryTest&, Editor&) {}, -1},
+    {"FirstCommand", [](RecoveryTest& t, Editor&) { As(t).AddBoxes(1); }, -1},
+    {"Saved",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(3);
+         As(t).Autosave();
+         As(t).SaveOver(dead, "house.kvobject");
+     },
+     -1},
+    {"CommandAfterSave",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(3);
+         As(t).SaveOver(dead, "house.kvobject");
+         As(t).AddBoxes(1);
+     },
+     3},
+    {"Autosaved",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(3);
+         As(t).Autosave();
+     },
+     3},
+    {"CommandAfterAutosave",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(3);
+         As(t).Autosave();
+         As(t).AddBoxes(2);
+     },
+     4},
+    {"Undone",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(5);
+         As(t).Autosave();
+         Undo(dead);
+         Undo(dead);
+     },
+     3},
+    {"UndoneAndAutosaved",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(5);
+         Undo(dead);
+         As(t).Autosave();
+         As(t).Autosave();
+     },
+     4},
+    {"NewObject",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(3);
+         dead.settings.warnings.fill(false);
+         NewObject(dead);
+     },
+     -1},
+    {"FailedOpenEmptiedTheScene",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(3);
+         test::WriteFileBytes(dead.programFolder + "/bad", {'K'});
+         OpenObjectFile(dead, dead.programFolder + "/bad");
+         As(t).Autosave();
+     },
+     2},
+    {"NewestFilesDamaged",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(4);
+         As(t).Autosave();
+         test::WriteFileBytes(As(t).Files("0001$.$kvrecovery$").at(0), {'O', 'B', 'S', 'F', 1});
+         for (const std::string& file : As(t).Files("kvuscache$"))
+             if (file.find("$0004_") != file.npos) fs::resize_file(file, 300);
+     },
+     2},
+    {"EverythingDamaged",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(4);
+         for (const std::string& file : As(t).Files("kvuscache$")) fs::resize_file(file, 50);
+     },
+     -1},
+    {"RecordDamaged",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(4);
+         Bytes noise(5000);
+         for (std::size_t i = 0; i < noise.size(); ++i)
+             noise[i] = static_cast<std::uint8_t>(i * i % 251 * (i % 3));
+         test::WriteFileBytes(As(t).Files("kvrun$").at(0), noise);
+     },
+     -1},
+    {"CutRecord",
+     [](RecoveryTest& t, Editor&) {
+         As(t).AddBoxes(4);
+         const std::string record = As(t).Files("kvrun$").at(0);
+         fs::resize_file(record, fs::file_size(record) - 5);
+     },
+     2},
+    {"FolderEmptiedMeanwhile",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(2);
+         fs::remove_all(dead.programFolder + "/ObjCache");
+         As(t).AddBoxes(2);
+     },
+     3},
+    {"RecordLeadsElsewhere",
+     [](RecoveryTest& t, Editor&) {
+         Bytes record;
+         for (const char* name : {"../house.kvobject", "$/../../house.kvobject$", "house.kvobject"})
+             for (const std::uint8_t byte : EncodeRunEntry(RunEntry::Scene, name))
+                 record.push_back(byte);
+         test::WriteFileBytes(As(t).Files("kvrun$").at(0), record);
+     },
+     -1},
+};
+
+TEST_P(EndTest, LeavesWhatTheNextStartRestores) {
+    GetParam().run(*this, *dead);
+    dead.reset();
+    EXPECT_EQ(Restored(), GetParam().boxes);
+    EXPECT_TRUE(fs::exists(folder.Path("house.kvobject")));
+    EndRecovery(editor);
+    EXPECT_EQ(SnapshotFiles(), 0) << "nothing of the dead run is left";
+}
+
+INSTANTIATE_TEST_SUITE_P(Ends, EndTest, testing::ValuesIn(kEnds),
+                         [](const auto& test) { return test.param.what; });
+
+TEST_F(RecoveryTest, EditsWithoutASnapshotAreCovered) {
+    AddBoxes(2);
+    Autosave();
+    SetTransparency(*dead, 40);
+    dead->scene.brushes[1].group = "roof";
+    const Bytes last = EncodeObject(dead->scene, dead->textures, true);
+    Autosave();
+    EXPECT_EQ(Files("kvrecovery$").size(), 1U) << "the older one is gone";
+    const auto stored = fs::last_write_time(Files("kvrecovery$")[0]);
+    Autosave();
+    EXPECT_EQ(fs::last_write_time(Files("kvrecovery$")[0]), stored) << "nothing new to store";
+    dead.reset();
+    EXPECT_EQ(Restored(), 2);
+    EXPECT_EQ(SceneBytes(), last);
+}
+
+TEST_F(RecoveryTest, ARunningCopyIsNotMistakenForADeadOne) {
+    AddBoxes(3);
+    Autosave();
+    const std::ptrdiff_t files = SnapshotFiles();
+    EXPECT_EQ(Restored(), -1);
+    EXPECT_EQ(SnapshotFiles(), files + 1) << "and nothing of it is touched";
+    Undo(*dead);
+    EXPECT_EQ(dead->scene.brushCount(), 2);
+}
+
+TEST_F(RecoveryTest, OfSeveralDeadRunsTheNewestIsOfferedFirstAndTheOthersWait) {
+    auto living = Start();
+    AddBoxTo(*living);
+    auto older = Start();
+    AddBoxTo(*older);
+    AddBoxTo(*older);
+    AddBoxes(5);
+    fs::last_write_time(folder.Path("ObjCache/" + older->recovery.run + kRecordEnding),
+                        fs::file_time_type::clock::now() - std::chrono::hours(2));
+    dead.reset();
+    older.reset();
+    EXPECT_EQ(Restored(), 4);
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(Restored(), 1) << "at the next start";
+    EXPECT_THAT(prompts.messages[0].text, testing::HasSubstr("changes to a new object of"));
+    EXPECT_EQ(Restored(), -1);
+    Undo(*living);
+    EXPECT_EQ(living->scene.brushCount(), 0);
+}
+
+TEST_F(RecoveryTest, AFullDiskIsToldOnceAndTriedAgain) {
+    AddBoxes(2);
+    const auto unable = [this](std::size_t times) {
+        EXPECT_EQ(prompts.messages.size(), times);
+        for (const Message& message : prompts.messages) {
+            EXPECT_EQ(message.title, "Error!");
+            EXPECT_THAT(message.text, testing::StartsWith("Error: Unable to save recovery data!"));
+        }
+    };
+    {
+        const test::FileSizeLimit full(100);
+        Autosave();
+        Autosave();
+        Autosave();
+        unable(1);
+    }
+    Autosave();
+    EXPECT_TRUE(dead->SceneModified);
+    dead.reset();
+    EXPECT_EQ(Restored(), 2);
+}
+
+}  // namespace
+}  // namespace korvane
