@@ -47,10 +47,10 @@ int Close(int fd) {
 }
 
 int Open(const char* path, int flags, mode_t mode) {
-    const bool writes = (flags & O_ACCMODE) != O_RDONLY;
-    if (writes && Fails(Step::Open, EACCES)) return -1;
+    const bool toWrite = (flags & O_ACCMODE) != O_RDONLY;
+    if (toWrite && Fails(Step::Open, EACCES)) return -1;
     const int fd = __real_open(path, flags, mode);
-    if (writes) writable = fd;
+    if (toWrite) writable = fd;
     return fd;
 }
 

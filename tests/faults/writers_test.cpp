@@ -146,7 +146,7 @@ class WriterTest : public testing::TestWithParam<std::tuple<Writer, Step>> {
     template <class Fault>
     static void ExpectHarmless(const std::string& folder, const Writer& writer, Fault before) {
         Stage stage(folder);
-        const std::string target = folder + "/" + (writer.name ? writer.name : "ObjCache");
+        const std::string target = folder + "/" + (writer.name ? writer.name : "no file");
         if (writer.name) Fail(stage, writer, target);  // not yet: this makes the old file
         const Bytes old = FileBytes(target);
         ASSERT_EQ(writer.name != nullptr, !old.empty()) << stage.errors;
@@ -178,17 +178,19 @@ TEST_P(WriterTest, AFailedStepCostsNothing) {
     EXPECT_GE(Failures(), 1);
 }
 
+std::string NameOf(const testing::TestParamInfo<std::tuple<Writer, Step>>& test) {
+    const char* steps[] = {"FullDisk", "Open",  "FirstWrite", "LaterWrite",
+                           "Mode",     "Flush", "Close",      "Rename"};
+    const auto& [writer, step] = test.param;
+    return std::string(writer.what) + "_" + steps[static_cast<int>(step)];
+}
+
 INSTANTIATE_TEST_SUITE_P(Faults, WriterTest,
                          testing::Combine(testing::ValuesIn(kWriters),
                                           testing::Values(Step::Open, Step::FirstWrite,
                                                           Step::LaterWrite, Step::Mode, Step::Flush,
                                                           Step::Close, Step::Rename)),
-                         [](const auto& test) {
-                             const char* steps[] = {"",     "Open",  "FirstWrite", "LaterWrite",
-                                                    "Mode", "Flush", "Close",      "Rename"};
-                             return std::string(std::get<0>(test.param).what) + "_" +
-                                    steps[static_cast<int>(std::get<1>(test.param))];
-                         });
+                         NameOf);
 
 /// A small disk of its own, visible to this process only.
 class SmallDisk {
@@ -232,7 +234,7 @@ TEST_P(FullDiskTest, CostsNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Faults, FullDiskTest,
                          testing::Combine(testing::ValuesIn(kWriters), testing::Values(Step::None)),
-                         [](const auto& test) { return std::get<0>(test.param).what; });
+                         NameOf);
 
 }  // namespace
 }  // namespace korvane::test
