@@ -100,7 +100,7 @@ bool WantsRestore(Editor& editor, const DeadRun& run) {
     const std::string object = name.empty() ? "a new object" : "\"" + name + "\"";
     return editor.prompts.ShowMessage({"Notice! The program ended unexpectedly!\r\n"
                                        "There are unsaved changes to " +
-                                           object + " of " + TimeText(run.lock.WrittenAt()) +
+                                           object + " from " + TimeText(run.lock.WrittenAt()) +
                                            ".\r\n"
                                            "Do you wish to restore them? They are deleted if not.",
                                        "Notice!", MessageIcon::Question, MessageButtons::YesNo}) ==

@@ -36,16 +36,17 @@ std::string FollowLinks(std::string path) {
     return {};
 }
 
-/// Creates a file of a name that is not in use yet; `name` receives it. Its mode is that of any
-/// new file, the umask applied by the system.
-int CreateTemporary(const std::string& folder, std::string& name) {
+/// Tries names for a temporary file until `make` makes one that is not in use yet; `name` receives
+/// it. Returns what `make` did, negative for a failure.
+template <class Make>
+int MakeTemporary(const std::string& folder, std::string& name, Make make) {
     static std::atomic<unsigned> counter = 0;
     constexpr int kAttempts = 1000;
     for (int i = 0; i < kAttempts; ++i) {
         name = folder + ".korvane-" + std::to_string(getpid()) + "-" + std::to_string(counter++) +
                ".tmp";
-        const int fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd >= 0 || errno != EEXIST) return fd;
+        const int made = make(name);
+        if (made >= 0 || errno != EEXIST) return made;
     }
     return -1;
 }
@@ -66,15 +67,48 @@ bool TakeOver(int fd, const struct stat& old) {
 }
 
 /// Writes the temporary file in full; `old` is the file it will replace, or null.
-bool FillTemporary(int fd, std::span<const std::uint8_t> bytes, const struct stat* old) {
-    Descriptor file(fd);
-    return WriteAll(fd, bytes) && (!old || TakeOver(fd, *old)) && Flush(fd) && file.Close();
+bool Fill(const Descriptor& file, std::span<const std::uint8_t> bytes, const struct stat* old) {
+    const int fd = file.Get();
+    return WriteAll(fd, bytes) && (!old || TakeOver(fd, *old)) && Flush(fd);
+}
+
+const char* Existing(const std::string& folder) {
+    return folder.empty() ? "." : folder.c_str();
+}
+
+enum class Written { Done, Failed, NotPossible };
+
+/// A temporary file that gets its name only when it is complete: while it is written, a kill leaves
+/// nothing. Not every file system can do that.
+Written WriteUnnamed(const std::string& folder, std::span<const std::uint8_t> bytes,
+                     const struct stat* old, std::string& name) {
+    Descriptor file(open(Existing(folder), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
+    if (!file) return Written::NotPossible;
+    if (!Fill(file, bytes, old)) return Written::Failed;
+    const std::string opened = "/proc/self/fd/" + std::to_string(file.Get());
+    const int linked = MakeTemporary(folder, name, [&opened](const std::string& tried) {
+        return linkat(AT_FDCWD, opened.c_str(), AT_FDCWD, tried.c_str(), AT_SYMLINK_FOLLOW);
+    });
+    if (linked < 0) return Written::NotPossible;
+    return file.Close() ? Written::Done : Written::Failed;
+}
+
+/// Writes a temporary file in the folder; `name` is its name as soon as there is something of it.
+/// Its mode is that of any new file, the umask applied by the system.
+bool WriteTemporary(const std::string& folder, std::span<const std::uint8_t> bytes,
+                    const struct stat* old, std::string& name) {
+    const Written unnamed = WriteUnnamed(folder, bytes, old, name);
+    if (unnamed != Written::NotPossible) return unnamed == Written::Done;
+    Descriptor file(MakeTemporary(folder, name, [](const std::string& tried) {
+        return open(tried.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    }));
+    if (!file) name.clear();
+    return file && Fill(file, bytes, old) && file.Close();
 }
 
 /// Makes a rename in the folder last; where that is not possible the file is still whole.
 void FlushFolder(const std::string& folder) {
-    const Descriptor handle(
-        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor handle(open(Existing(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (handle) Flush(handle.Get());
 }
 
@@ -118,11 +152,9 @@ bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes) {
     if (replaces && (!S_ISREG(old.st_mode) || access(target.c_str(), W_OK) != 0)) return false;
 
     std::string temporary;
-    const int fd = CreateTemporary(FolderOf(target), temporary);
-    if (fd < 0) return false;
-    if (!FillTemporary(fd, bytes, replaces ? &old : nullptr) ||
+    if (!WriteTemporary(FolderOf(target), bytes, replaces ? &old : nullptr, temporary) ||
         std::rename(temporary.c_str(), target.c_str()) != 0) {
-        unlink(temporary.c_str());
+        if (!temporary.empty()) unlink(temporary.c_str());
         return false;
     }
     FlushFolder(FolderOf(target));

@@ -91,7 +91,7 @@ TEST_F(RecoveryTest, RestoresTheSceneOneCommandBeforeTheEndWithItsPath) {
     EXPECT_THAT(prompts.messages[0].text,
                 testing::MatchesRegex(
                     "Notice! The program ended unexpectedly!\r\nThere are unsaved changes to "
-                    "\"house.kvobject\" of 2...-..-.. ..:..\\.\r\nDo you wish to restore them\\? "
+                    "\"house.kvobject\" from 2...-..-.. ..:..\\.\r\nDo you wish to restore them\\? "
                     "They are deleted if not\\."));
     EXPECT_EQ(editor.CurrentObjectPath, path);
     EXPECT_TRUE(editor.SceneModified);
@@ -312,7 +312,7 @@ TEST_F(RecoveryTest, OfSeveralDeadRunsTheNewestIsOfferedFirstAndTheOthersWait) {
     EXPECT_EQ(Restored(), 4);
     EXPECT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(Restored(), 1) << "at the next start";
-    EXPECT_THAT(prompts.messages[0].text, testing::HasSubstr("changes to a new object of"));
+    EXPECT_THAT(prompts.messages[0].text, testing::HasSubstr("changes to a new object from"));
     EXPECT_EQ(Restored(), -1);
     Undo(*living);
     EXPECT_EQ(living->scene.brushCount(), 0);

@@ -49,6 +49,7 @@ int Close(int fd) {
 int Open(const char* path, int flags, mode_t mode) {
     const bool toWrite = (flags & O_ACCMODE) != O_RDONLY;
     if (toWrite && Fails(Step::Open, EACCES)) return -1;
+    if ((flags & O_TMPFILE) == O_TMPFILE && Fails(Step::Unnamed, EOPNOTSUPP)) return -1;
     const int fd = __real_open(path, flags, mode);
     if (toWrite) writable = fd;
     return fd;
@@ -74,6 +75,7 @@ using korvane::test::Step;
 
 int __real_fchmod(int fd, mode_t mode);
 int __real_fsync(int fd);
+int __real_linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags);
 int __real_rename(const char* from, const char* to);
 
 int __wrap_open(const char* path, int flags, mode_t mode) {
@@ -90,6 +92,10 @@ int __wrap_fchmod(int fd, mode_t mode) {
 }
 int __wrap_fsync(int fd) {
     return Fails(Step::Flush, EIO) ? -1 : __real_fsync(fd);
+}
+int __wrap_linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
+    if (Fails(Step::Link, ENOENT)) return -1;
+    return __real_linkat(fromFolder, from, toFolder, to, flags);
 }
 int __wrap_rename(const char* from, const char* to) {
     return Fails(Step::Rename, EACCES) ? -1 : __real_rename(from, to);

@@ -5,7 +5,7 @@
 namespace korvane::test {
 
 /// The steps by which a file comes about.
-enum class Step { None, Open, FirstWrite, LaterWrite, Mode, Flush, Close, Rename };
+enum class Step { None, Open, FirstWrite, LaterWrite, Mode, Flush, Close, Rename, Unnamed, Link };
 
 /// From now on this step fails, until None: with LaterWrite a first piece of the data still gets
 /// through.

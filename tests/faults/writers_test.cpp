@@ -17,6 +17,7 @@
 #include "editor/mRecovery.h"
 #include "editor/mSettings.h"
 #include "editor/mUndo.h"
+#include "files/FileBuffer.h"
 #include "support/SessionFixture.h"
 
 namespace korvane::test {
@@ -191,6 +192,18 @@ INSTANTIATE_TEST_SUITE_P(Faults, WriterTest,
                                                           Step::LaterWrite, Step::Mode, Step::Flush,
                                                           Step::Close, Step::Rename)),
                          NameOf);
+
+TEST(SaveFileTest, DoesWithoutUnnamedFilesWhereTheSystemHasNone) {
+    for (const Step step : {Step::Unnamed, Step::Link}) {
+        const TempFolder folder;
+        FailAt(step);
+        EXPECT_TRUE(SaveFile(folder.Path("file"), Bytes{1, 2}));
+        FailAt(Step::None);
+        EXPECT_EQ(Failures(), 1);
+        EXPECT_EQ(FileBytes(folder.Path("file")), (Bytes{1, 2}));
+        EXPECT_EQ(folder.EntryCount(), 1);
+    }
+}
 
 /// A small disk of its own, visible to this process only.
 class SmallDisk {

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "app/frmMain.h"
 #include "editor/mFileOpenSave.h"
@@ -49,7 +50,9 @@ class Hand {
         Save();
     }
 
+    /// Called when the window is on the screen and has nothing else to do.
     void DoSomething() {
+        if (!std::exchange(works_, true)) Tell("works", 0);
         const unsigned chance = random_() % 16;
         if (chance < 4) return Save();
         if (chance == 4) return static_cast<void>(SaveSettings(editor_));
@@ -79,6 +82,7 @@ class Hand {
     frmMain& window_;
     Editor& editor_;
     std::mt19937 random_;
+    bool works_ = false;
 };
 
 /// Says Yes to what was left.

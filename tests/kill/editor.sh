@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Kills the editor itself after an edit with the mouse, starts it again and answers its question
-# with the keyboard. Usage: editor.sh KORVANE KORVANE_CLI EXAMPLES [PICTURE], the last for a picture
-# of the question.
+# with the keyboard. Usage: editor.sh KORVANE KORVANE_CLI EXAMPLES [PICTURE]: PICTURE becomes one of
+# the question, or of the screen where the test failed.
 set -u
 cli=$(realpath -e "$2") && house=$(realpath -e "$3/house.kvobject") || exit 1
+picture=${4:-}
 work=$(mktemp -d)
 editor=
 trap '[ -n "$editor" ] && kill -9 $editor 2>/dev/null; rm -rf "$work"' EXIT
@@ -12,7 +13,7 @@ cp "$1" "$work/korvane" && mkdir "$work/ObjTextures" && cp "$house" "$work/house
 fail() {
     echo "FAILED: $*"
     ls "$work/ObjCache"
-    import -window root "$work/screen.png" 2>/dev/null && cp "$work/screen.png" kill_editor.png
+    [ -n "$picture" ] && import -window root "$picture"
     exit 1
 }
 
@@ -41,12 +42,10 @@ kill_editor() {
     editor=
 }
 
-draw_box() { # in the Top view, beside the house
-    local x y
+draw_box() { # in the Left view, below the house
     eval "$(xdotool getwindowgeometry --shell "$(window 'Korvane - house' | tail -1)" | grep '^[XY]=')"
-    x=${X:-$x} y=${Y:-$y}
-    xdotool mousemove $((x + 260)) $((y + 160)) mousedown 1
-    for step in 10 20 30 40; do xdotool mousemove $((x + 260 + step)) $((y + 160 + step)); sleep 0.1; done
+    xdotool mousemove $((X + 560)) $((Y + 740)) mousedown 1
+    for step in 20 40 60; do xdotool mousemove $((X + 560 + step)) $((Y + 740 + step)) sleep 0.1; done
     xdotool mouseup 1
 }
 
@@ -64,7 +63,7 @@ kill_editor
 start
 await "the question" window "Notice!"
 sleep 0.5
-[ $# -gt 3 ] && import -window root "$4"
+[ -n "$picture" ] && import -window root "$picture"
 xdotool key Return # Yes
 await "the restored scene" window "Korvane - house\*"
 sleep 1

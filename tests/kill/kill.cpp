@@ -60,9 +60,9 @@ class Driver {
         out_ = ends[0];
     }
 
-    /// Reads on until the driver has told its start; false when it ended before.
-    bool AwaitStart() {
-        while (text_.find('\n') == text_.npos)
+    /// Reads on until the driver tells that it works; false when it ended before.
+    bool AwaitWork() {
+        while (text_.find("works") == text_.npos)
             if (!Read()) return false;
         return true;
     }
@@ -130,8 +130,8 @@ class KillTest {
     void KillOnce() {
         Driver driver(Arguments("work"));
         const bool early = random_() % 8 == 0;
-        if (!early && !driver.AwaitStart()) return Fault("the driver did not start");
-        std::this_thread::sleep_for(milliseconds(random_() % 500));
+        if (!early && !driver.AwaitWork()) return Fault("the driver did not start");
+        std::this_thread::sleep_for(milliseconds(random_() % (early ? 1500 : 500)));
         driver.Kill();
         driver.AwaitEnd();
         ++figures_.kills;
