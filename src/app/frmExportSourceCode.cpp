@@ -134,7 +134,7 @@ QWidget* frmExportSourceCode::MakeReferencePage() {
     headRow->addWidget(MakeTag(kProgramTag, txtHead_), 0, Qt::AlignLeft);
     auto* body = new QGroupBox("BODY Tags");
     auto* grid = new QGridLayout(body);
-    grid->setHorizontalSpacing(16);
+    grid->setHorizontalSpacing(8);
     int row = 0;
     for (const CodeTagGroup& group : CodeTagGroups()) {
         grid->addWidget(new QLabel(group.caption), row, 0);
@@ -149,6 +149,7 @@ QWidget* frmExportSourceCode::MakeReferencePage() {
     grid->setColumnStretch(3, 1);
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(new QLabel("A double click on a tag inserts it into the template."));
     column->addWidget(head);
     column->addWidget(body);
