@@ -27,6 +27,13 @@ std::string ReasonAgainst(const std::string& path) {
     return file ? std::string() : std::generic_category().message(errno);
 }
 
+/// Why the names in a folder can't be read; empty when they can.
+std::string ObjectionToFolder(const std::string& path) {
+    std::error_code error;
+    const fs::directory_iterator names(path, error);
+    return error ? path + ": " + error.message() : std::string();
+}
+
 void Append(Scene& scene, std::optional<std::vector<Brush>> brushes, const std::string& path) {
     if (!brushes) throw FileError(path, kInvalidFile);
     scene.brushes.insert(scene.brushes.end(), std::make_move_iterator(brushes->begin()),
@@ -34,6 +41,13 @@ void Append(Scene& scene, std::optional<std::vector<Brush>> brushes, const std::
 }
 
 }  // namespace
+
+std::string Printable(std::string name) {
+    for (char& c : name) {
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
+    }
+    return name;
+}
 
 std::vector<std::uint8_t> ReadInput(const std::string& path, const std::string& message) {
     auto bytes = LoadFile(path);
@@ -86,9 +100,10 @@ void AddOutput(CLI::App& command, std::string& path, const std::vector<std::stri
 void AddTextureFolder(CLI::App& command, std::string& folder) {
     command
         .add_option("--textures", folder,
-                    "Folder of textures (default: ObjTextures beside the program)")
+                    "Folder of textures (default: ObjTextures beside the program,\n"
+                    "or among the user's data where the editor keeps its own)")
         ->type_name("DIR")
-        ->check(CLI::ExistingDirectory.description(""));
+        ->check(CLI::Validator(ObjectionToFolder, ""));
 }
 
 }  // namespace korvane

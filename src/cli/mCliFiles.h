@@ -15,10 +15,13 @@ namespace korvane {
 inline constexpr const char* kInvalidFile = "Error: Invalid Korvane File Format!";
 inline constexpr const char* kUnableToSave = "Error: Unable to save file!";
 
+/// A name for the eyes: what would control a terminal or begin a line becomes a question mark.
+std::string Printable(std::string name);
+
 /// A file that is bad or can't be written: the run ends with exit status 1 and this line.
 struct FileError : std::runtime_error {
     FileError(const std::string& path, const std::string& message)
-        : std::runtime_error(path + ": " + message) {}
+        : std::runtime_error(Printable(path) + ": " + message) {}
 };
 
 /// Appends the brushes of an object file to the scene. Texture names that the library lacks are

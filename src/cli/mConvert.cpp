@@ -22,7 +22,7 @@ void Run(const Options& options) {
     {
         Progress progress(options.inputs.size());
         for (const std::string& path : options.inputs) {
-            progress.Next(path);
+            progress.Next(Printable(path));
             ReadObject(path, names, scene);
         }
     }

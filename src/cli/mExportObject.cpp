@@ -16,7 +16,7 @@ constexpr const char* kEndingText = ".txt";
 struct Options {
     std::string input;
     std::string output;
-    std::string codeTemplate;  ///< "a", "b" or a file; empty: b
+    std::string codeTemplate = "b";  ///< or "a", or a file
     std::string textures;
 };
 
@@ -29,7 +29,7 @@ CodeTemplate ReadTemplate(const std::string& path) {
 
 CodeTemplate TemplateOf(const Options& options) {
     if (options.codeTemplate == "a") return DefaultVBCode();
-    if (options.codeTemplate == "b" || options.codeTemplate.empty()) return DefaultCppCode();
+    if (options.codeTemplate == "b") return DefaultCppCode();
     return ReadTemplate(options.codeTemplate);
 }
 
@@ -52,8 +52,8 @@ void Run(const Options& options) {
     (EndsWith(options.output, kEnding3DS) ? Export3DS : ExportText)(options, scene, library);
 }
 
-void CheckUsage(const Options& options) {
-    if (!options.codeTemplate.empty() && !EndsWith(options.output, kEndingText)) {
+void CheckUsage(const CLI::App& command, const Options& options) {
+    if (command.count("--template") > 0 && !EndsWith(options.output, kEndingText)) {
         throw CLI::ValidationError("--template", "only goes with an output that ends in .txt");
     }
 }
@@ -74,8 +74,8 @@ void AddExport(CLI::App& app) {
                     "or a template file (.kvcode)")
         ->type_name("FILE|a|b");
     AddTextureFolder(command, options->textures);
-    command.callback([options] {
-        CheckUsage(*options);
+    command.callback([options, &command] {
+        CheckUsage(command, *options);
         Run(*options);
     });
 }

@@ -112,14 +112,6 @@ const std::vector<Line>& Lines() {
     return lines;
 }
 
-/// Names come from files: what would control a terminal becomes a question mark.
-std::string Printable(std::string text) {
-    for (char& c : text) {
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
-    }
-    return text;
-}
-
 void PrintTitle(const std::string& title) {
     std::cout << "  " << title << ":" << std::string(15 - title.size(), ' ');
 }
@@ -168,7 +160,7 @@ bool Run(const Options& options) {
     bool good = true;
     Progress progress(options.inputs.size());
     for (const std::string& path : options.inputs) {
-        progress.Next(path);
+        progress.Next(Printable(path));
         try {
             const Report report = ReportOn(path, library);
             if (options.json) {

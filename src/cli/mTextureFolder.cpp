@@ -1,6 +1,7 @@
 #include "cli/mTextureFolder.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include "platform/UserFolder.h"
@@ -17,11 +18,14 @@ std::unique_ptr<QCoreApplication> MakeApplication(bool fonts) {
     return std::make_unique<QCoreApplication>(count, arguments);
 }
 
+/// The user's folder takes part where the editor can't write in its own. Unlike the editor this
+/// creates nothing: a run that only reads leaves no trace.
 std::string TextureFolder(const std::string& asked) {
     if (!asked.empty()) return asked;
-    const std::string program = QCoreApplication::applicationDirPath().toStdString();
-    const std::string users = DataFolderFor(program) + "/ObjTextures";
-    return QDir(QString::fromStdString(users)).exists() ? users : program + "/ObjTextures";
+    const QString program = QCoreApplication::applicationDirPath();
+    const QString users = QString::fromStdString(UserDataFolder()) + "/ObjTextures";
+    const bool isShared = !QFileInfo(program).isWritable() && QDir(users).exists();
+    return (isShared ? users : program + "/ObjTextures").toStdString();
 }
 
 TextureLibrary ListTextures(const std::string& asked) {

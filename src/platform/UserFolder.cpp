@@ -7,11 +7,15 @@
 
 namespace korvane {
 
-std::string DataFolderFor(const std::string& programFolder) {
+std::string UserDataFolder() {
     QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     // A relative XDG_DATA_HOME is to be ignored; Qt takes it.
     if (!QDir::isAbsolutePath(userData)) userData = QDir::homePath() + "/.local/share";
-    return ChooseDataFolder(programFolder, (userData + "/korvane").toStdString());
+    return (userData + "/korvane").toStdString();
+}
+
+std::string DataFolderFor(const std::string& programFolder) {
+    return ChooseDataFolder(programFolder, UserDataFolder());
 }
 
 }  // namespace korvane

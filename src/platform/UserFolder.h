@@ -5,8 +5,12 @@
 
 namespace korvane {
 
-/// The program's folder, or where that can't be written, the folder "korvane" among the user's data
-/// (UTF-8, no slash at the end). Needs no application object.
+/// The folder "korvane" among the user's data, whether or not it is there (UTF-8, no slash at the
+/// end). Needs no application object.
+std::string UserDataFolder();
+
+/// The program's folder, or where that can't be written, UserDataFolder(), which is created
+/// then.
 std::string DataFolderFor(const std::string& programFolder);
 
 }  // namespace korvane

@@ -103,7 +103,8 @@ wrong "only goes with --view 3d" render house.kvobject -o out/x.png --view top -
 wrong "does not end in .kvobject" optimize house.kvobject -o out/x.3ds
 wrong "--detail" optimize house.kvobject -o out/x.kvobject --detail 5
 wrong "excludes" optimize house.kvobject -o out/x.kvobject --exact --detail 1
-wrong "absent" info house.kvobject --textures absent
+wrong "absent: No such file or directory" info house.kvobject --textures absent
+wrong "bad.kvcode: Not a directory" info house.kvobject --textures bad.kvcode
 
 # --- bad files
 invalid="Error: Invalid Korvane File Format!"
@@ -117,9 +118,12 @@ for file in cut tiny empty; do
     bad "$file.kvobject: $invalid" render $file.kvobject -o out/x.png --view left
 done
 bad "absent.kvobject: $invalid (No such file or directory)" info absent.kvobject
+bad "one?line: $invalid (No such file or directory)" info $'one\nline'
 bad "folder.kvobject: $invalid (Is a directory)" convert folder.kvobject -o out/x.kvobject
 bad "bad.kvcode: Error: Invalid Source Code Template File!" \
     export house.kvobject -o out/x.txt --template bad.kvcode
+bad ": Error: Unable to load file! (No such file or directory)" \
+    export house.kvobject -o out/x.txt --template ''
 bad "absent: Error: Unable to load file! (No such file or directory)" \
     export house.kvobject -o out/x.txt --template absent
 
