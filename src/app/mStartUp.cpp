@@ -33,8 +33,7 @@ struct Run {
 };
 
 std::string HeaderLine() {
-    return "Korvane v" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-           std::to_string(kVersionRevision) + " - " + kLegalNotice + " - " + kCompanyName;
+    return std::string("Korvane v") + kVersionText + " - " + kLegalNotice + " - " + kCompanyName;
 }
 
 std::string TimeLine() {

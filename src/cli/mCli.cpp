@@ -16,11 +16,6 @@ constexpr void (*kSubCommands[])(CLI::App&) = {AddInfo, AddConvert, AddExport, A
 constexpr const char* kExitStatus =
     "Exit status: 0 success, 1 a file was bad or could not be written, 2 wrong usage.";
 
-std::string VersionLine() {
-    return "korvane-cli " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
-           "." + std::to_string(kVersionRevision);
-}
-
 /// Help goes to standard output, a complaint about the usage to standard error.
 int Explain(const CLI::App& app, const CLI::ParseError& error) {
     return app.exit(error) == 0 ? ExitDone : ExitWrongUsage;
@@ -45,7 +40,7 @@ CLI::App& AddSubCommand(CLI::App& app, const std::string& name, const std::strin
 int RunCli(int argc, char** argv) {
     CLI::App app("Works on Korvane objects without a window.", "korvane-cli");
     app.require_subcommand(0, 1);  // none is told below: a mistyped one has its own message
-    app.set_version_flag("--version", VersionLine());
+    app.set_version_flag("--version", std::string("korvane-cli ") + kVersionText);
     app.footer(std::string("\"korvane-cli SUBCOMMAND --help\" tells more of each.\n") +
                kExitStatus);
     for (const auto add : kSubCommands) add(app);

@@ -40,6 +40,12 @@ void Append(Scene& scene, std::optional<std::vector<Brush>> brushes, const std::
                          std::make_move_iterator(brushes->end()));
 }
 
+std::string Listed(const std::vector<std::string>& endings) {
+    std::string list;
+    for (const std::string& ending : endings) list += (list.empty() ? "" : " or ") + ending;
+    return list;
+}
+
 }  // namespace
 
 std::string Printable(std::string name) {
@@ -82,26 +88,31 @@ void AddInput(CLI::App& command, std::string& path) {
     command.add_option("IN", path, "Object file to read (.kvobject)")->required()->type_name("");
 }
 
+std::string ObjectionToEnding(const std::string& path, const std::vector<std::string>& endings) {
+    for (const std::string& ending : endings) {
+        if (EndsWith(path, ending)) return {};
+    }
+    return path + " does not end in " + Listed(endings);
+}
+
+CLI::Option& AddAnyOutput(CLI::App& command, std::string& path, const std::string& kinds) {
+    return *command
+                .add_option("-o,--output", path,
+                            "File to write (" + kinds + "); replaced as a whole")
+                ->required()
+                ->type_name("OUT");
+}
+
 void AddOutput(CLI::App& command, std::string& path, const std::vector<std::string>& endings) {
-    std::string list;
-    for (const std::string& ending : endings) list += (list.empty() ? "" : " or ") + ending;
-    const auto check = [endings, list](const std::string& given) {
-        for (const std::string& ending : endings) {
-            if (EndsWith(given, ending)) return std::string();
-        }
-        return given + " does not end in " + list;
+    const auto check = [endings](const std::string& given) {
+        return ObjectionToEnding(given, endings);
     };
-    command.add_option("-o,--output", path, "File to write (" + list + "); replaced as a whole")
-        ->required()
-        ->type_name("OUT")
-        ->check(CLI::Validator(check, ""));
+    AddAnyOutput(command, path, Listed(endings)).check(CLI::Validator(check, ""));
 }
 
 void AddTextureFolder(CLI::App& command, std::string& folder) {
     command
-        .add_option("--textures", folder,
-                    "Folder of textures (default: ObjTextures beside the program,\n"
-                    "or among the user's data where the editor keeps its own)")
+        .add_option("--textures", folder, "Folder of textures (default: the editor's ObjTextures)")
         ->type_name("DIR")
         ->check(CLI::Validator(ObjectionToFolder, ""));
 }

@@ -46,6 +46,12 @@ void AddInput(CLI::App& command, std::string& path);
 /// Adds the option -o, whose name must end in one of the endings (with their points, lower case).
 void AddOutput(CLI::App& command, std::string& path, const std::vector<std::string>& endings);
 
+/// Adds the option -o with any name; `kinds` tells in the help what it may be.
+CLI::Option& AddAnyOutput(CLI::App& command, std::string& path, const std::string& kinds);
+
+/// What is wrong with a path that must end in one of the endings; empty if nothing is.
+std::string ObjectionToEnding(const std::string& path, const std::vector<std::string>& endings);
+
 /// Adds the option --textures. The folder is empty unless it is given.
 void AddTextureFolder(CLI::App& command, std::string& folder);
 

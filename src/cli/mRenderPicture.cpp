@@ -29,6 +29,7 @@ struct Options {
     std::string size = "800x600";
     int view = kView3D;  ///< or TopView, LeftView, FrontView
     std::string camera;  ///< empty: frames the object
+    int thumbnail = 0;   ///< length of both sides in pixels; 0: `size` counts
 };
 
 // --- options
@@ -78,7 +79,17 @@ std::string CheckCamera(const std::string& text) {
     return CameraIn(text) ? "" : text + " is no camera like 0,3,5,-30,0";
 }
 
+QSize PictureSize(const Options& options) {
+    if (options.thumbnail > 0) return {options.thumbnail, options.thumbnail};
+    return *SizeIn(options.size);
+}
+
 void CheckUsage(const Options& options) {
+    const std::string objection = ObjectionToEnding(options.output, {".png"});
+    // File managers hand out names without an ending.
+    if (options.thumbnail == 0 && !objection.empty()) {
+        throw CLI::ValidationError("--output", objection);
+    }
     if (!options.camera.empty() && options.view != kView3D) {
         throw CLI::ValidationError("--camera", "only goes with --view 3d");
     }
@@ -103,7 +114,7 @@ void PrepareContext(RenderContext& context, const Options& options) {
 
 /// The driver may allow less than was asked for.
 void SizeContext(RenderContext& context, const Options& options, double depth) {
-    const QSize size = *SizeIn(options.size);
+    const QSize size = PictureSize(options);
     ResizePreviewViewport(context, size.width(), size.height(), depth, kPreviewFieldOfView);
     if (QSize(context.width, context.height) == size) return;
     throw FileError(options.output, "Error: The picture is too large for the graphics driver!");
@@ -113,7 +124,7 @@ void SizeContext(RenderContext& context, const Options& options, double depth) {
 /// it.
 Framing FramingOf(const Options& options, const Scene& scene) {
     if (!options.camera.empty()) return {*CameraIn(options.camera), 0};
-    const QSize size = *SizeIn(options.size);
+    const QSize size = PictureSize(options);
     return FrameObject(scene, size.width(), size.height(), kPreviewFieldOfView);
 }
 
@@ -146,7 +157,7 @@ void ThinOut(Settings& settings) {
 
 QImage RenderView2D(const Options& options, Editor& editor) {
     ReadObjectAsShown(options.input, editor.textures, editor.scene);
-    const QSize size = *SizeIn(options.size);
+    const QSize size = PictureSize(options);
     ViewState& state = editor.views[static_cast<std::size_t>(options.view)];
     state.width = size.width();
     state.height = size.height();
@@ -170,6 +181,7 @@ void Run(const Options& options) {
     const bool is3D = options.view == kView3D;
     const auto application = MakeApplication(!is3D);
     SilentSession session;
+    if (options.thumbnail > 0) session.editor.settings.show3DGrid = false;
     const QImage picture = (is3D ? RenderView3D : RenderView2D)(options, session.editor);
     WriteOutput(options.output, PngOf(picture, options.output));
 }
@@ -187,10 +199,18 @@ void AddRender(CLI::App& app) {
         "preview from there, which sees 100 units deep. The other views show large objects\n"
         "smaller than the editor can, without rulers, down to one pixel a unit.");
     AddInput(command, options->input);
-    AddOutput(command, options->output, {".png"});
-    command.add_option("--size", options->size, "Size in pixels (default: 800x600)")
-        ->type_name("WxH")
-        ->check(CLI::Validator(CheckSize, ""));
+    AddAnyOutput(command, options->output, ".png");
+    CLI::Option* size =
+        command.add_option("--size", options->size, "Size in pixels (default: 800x600)")
+            ->type_name("WxH")
+            ->check(CLI::Validator(CheckSize, ""));
+    command
+        .add_option("--thumbnail", options->thumbnail,
+                    "Draw a square of this side in pixels without the preview's grid;\n"
+                    "OUT may have any name (for file managers)")
+        ->type_name("SIDE")
+        ->check(CLI::Range(1, kLargestSide).description(""))
+        ->excludes(size);
     command.add_option("--view", options->view, "Pane to draw: 3d (default), top, left or front")
         ->type_name("VIEW")
         ->transform(CLI::CheckedTransformer(views, CLI::ignore_case).description(""));

@@ -23,9 +23,11 @@ std::unique_ptr<QCoreApplication> MakeApplication(bool fonts) {
 std::string TextureFolder(const std::string& asked) {
     if (!asked.empty()) return asked;
     const QString program = QCoreApplication::applicationDirPath();
-    const QString users = QString::fromStdString(UserDataFolder()) + "/ObjTextures";
-    const bool isShared = !QFileInfo(program).isWritable() && QDir(users).exists();
-    return (isShared ? users : program + "/ObjTextures").toStdString();
+    const std::string shipped = ShippedFolder(program.toStdString());
+    const std::string users = UserDataFolder() + "/ObjTextures";
+    const bool isPortable = shipped == program.toStdString() && QFileInfo(program).isWritable();
+    const bool isUsers = !isPortable && QDir(QString::fromStdString(users)).exists();
+    return isUsers ? users : shipped + "/ObjTextures";
 }
 
 TextureLibrary ListTextures(const std::string& asked) {

@@ -103,7 +103,7 @@ struct Editor {
     std::int32_t exportedParts = 0;  ///< mesh objects exported in this run: they number the next
     CodeTemplate codeTemplate;       ///< last used to export source code
 
-    std::string programFolder;      ///< UTF-8, ends in no slash; holds Help
+    std::string programFolder;      ///< UTF-8, no slash at its end; Help and shipped textures
     std::string dataFolder;         ///< where that can't be written: see DataFolder
     std::string CurrentObjectPath;  ///< UTF-8; empty for a new scene
     bool SceneModified = false;     ///< changes not yet saved

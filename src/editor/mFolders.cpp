@@ -33,13 +33,36 @@ void CopyFolder(const fs::path& from, const fs::path& to) {
     if (failed) fs::remove_all(unfinished, ignored);
 }
 
+bool HasTextures(const std::string& folder) {
+    std::error_code ignored;
+    return fs::is_directory(ToPath(folder) / "ObjTextures", ignored);
+}
+
+/// The user's folder, which is created, or the other one if that can't be.
+std::string UsersOr(const std::string& otherwise, const std::string& userFolder) {
+    std::error_code ignored;
+    fs::create_directories(ToPath(userFolder), ignored);
+    return CanWriteIn(userFolder) ? userFolder : otherwise;
+}
+
 }  // namespace
+
+ProgramFolders ChooseFolders(const std::string& programFolder, const std::string& installedFolder,
+                             const std::string& userFolder) {
+    const std::string shipped = ChooseShippedFolder(programFolder, installedFolder);
+    if (shipped != programFolder) return {shipped, UsersOr(shipped, userFolder)};
+    return {programFolder, ChooseDataFolder(programFolder, userFolder)};
+}
+
+std::string ChooseShippedFolder(const std::string& programFolder,
+                                const std::string& installedFolder) {
+    const bool installed = !HasTextures(programFolder) && HasTextures(installedFolder);
+    return installed ? installedFolder : programFolder;
+}
 
 std::string ChooseDataFolder(const std::string& programFolder, const std::string& userFolder) {
     if (CanWriteIn(programFolder)) return programFolder;
-    std::error_code ignored;
-    fs::create_directories(ToPath(userFolder), ignored);
-    return CanWriteIn(userFolder) ? userFolder : programFolder;
+    return UsersOr(programFolder, userFolder);
 }
 
 void MakeFolders(const Editor& editor) {

@@ -88,8 +88,7 @@ std::string ReplaceAll(std::string_view text, std::string_view tag, std::string_
 }
 
 std::string ProgramInfo() {
-    return "Korvane v" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-           std::to_string(kVersionRevision) + " - " + kCompanyName + " - " + kLegalNotice;
+    return std::string("Korvane v") + kVersionText + " - " + kCompanyName + " - " + kLegalNotice;
 }
 
 std::string FaceInfo(std::size_t brush, std::size_t face, std::string_view group,

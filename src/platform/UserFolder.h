@@ -1,7 +1,9 @@
-// Where the program keeps what it writes: settings, log, textures and the undo cache.
+// Where the program finds what it brings along, and where it keeps what it writes.
 #pragma once
 
 #include <string>
+
+#include "editor/mFolders.h"
 
 namespace korvane {
 
@@ -9,8 +11,13 @@ namespace korvane {
 /// end). Needs no application object.
 std::string UserDataFolder();
 
-/// The program's folder, or where that can't be written, UserDataFolder(), which is created
-/// then.
-std::string DataFolderFor(const std::string& programFolder);
+/// Where the textures, examples and help lie that a program in `programFolder` brings along; see
+/// ChooseShippedFolder.
+std::string ShippedFolder(const std::string& programFolder);
+
+/// The folders of a program that lies in `programFolder` (UTF-8, no slash at the end): a portable
+/// folder, a build tree or an installation; see ChooseFolders. The user's folder is
+/// UserDataFolder().
+ProgramFolders FindFolders(const std::string& programFolder);
 
 }  // namespace korvane

@@ -98,6 +98,10 @@ done
 for camera in 0,3,5,-30 0,3,5,-30,0,0 0,3,5,-30,x 0,3,5,-30,nan 0,3,5,-30,1e99 0,,5,-30,0; do
     wrong "is no camera like" render house.kvobject -o out/x.png --camera $camera
 done
+wrong "--size excludes --thumbnail" render house.kvobject -o out/x.png --size 1x1 --thumbnail 64
+for side in 0 -1 8193 64x64; do
+    wrong "--thumbnail" render house.kvobject -o out/x --thumbnail $side
+done
 wrong "--view" render house.kvobject -o out/x.png --view back
 wrong "only goes with --view 3d" render house.kvobject -o out/x.png --view top --camera 0,3,5,-30,0
 wrong "does not end in .kvobject" optimize house.kvobject -o out/x.3ds
@@ -256,7 +260,10 @@ picture 1 1 --size 1x1
 for view in top left front; do picture 300 200 --size 300x200 --view $view; done
 picture 320 200 --size 320x200 --camera -4,3,5,-30,-30
 picture 320 200 --size 320x200 --textures none
-[ "$(cksum out/last*.png | cut -d' ' -f1 | sort -u | wc -l)" -eq 8 ] ||
+picture 128 128 --thumbnail 128
+good render house.kvobject -o out/nameless --thumbnail 128
+cmp -s out/nameless out/last9.png || fail "$args: not the same thumbnail"
+[ "$(cksum out/last*.png | cut -d' ' -f1 | sort -u | wc -l)" -eq 9 ] ||
     fail "render: different options give the same picture"
 
 [ $failures -eq 0 ] && echo "All commands are as they should be."

@@ -166,6 +166,24 @@ TEST_F(SettingsTest, DataLiesWhereItCanBeWritten) {
     EXPECT_EQ(folder.EntryCount(), 2) << "no probe is left";
 }
 
+TEST_F(SettingsTest, AnInstalledProgramWritesAmongTheUsersDataAlone) {
+    const std::string program = folder.Path("bin"), installed = folder.Path("share/korvane");
+    const std::string user = folder.Path("home/korvane");
+    const auto choice = [&](const std::string& users) {
+        const ProgramFolders folders = ChooseFolders(program, installed, users);
+        return Paths{folders.shipped, folders.data};
+    };
+    fs::create_directory(program);
+    EXPECT_EQ(choice(user), (Paths{program, program})) << "alone";
+    fs::create_directories(installed + "/ObjTextures");
+    EXPECT_EQ(choice(user), (Paths{installed, user}));
+    EXPECT_EQ(choice("/proc/korvane"), (Paths{installed, installed}));
+    EXPECT_TRUE(fs::is_empty(program));
+    fs::create_directory(program + "/ObjTextures");
+    EXPECT_EQ(choice(user), (Paths{program, program}))
+        << "a portable folder beside an installation";
+}
+
 TEST_F(SettingsTest, UserFolderStartsWithTheShippedTextures) {
     fs::create_directory(folder.Path("ObjTextures"));
     WriteFileBytes(folder.Path("ObjTextures/brick.bmp"), {1});

@@ -12,9 +12,8 @@ namespace {
 
 using test::Bytes;
 
-const std::string kProgram =
-    "Korvane v" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-    std::to_string(kVersionRevision) + " - Korvane - Copyright (c) 2026 The Korvane developers";
+const std::string kProgram = std::string("Korvane v") + kVersionText +
+                             " - Korvane - Copyright (c) 2026 The Korvane developers";
 
 /// One brush of two faces, the second invisible.
 class SourceCodeTest : public testing::Test {

@@ -6,6 +6,7 @@
 #include "GuiFixture.h"
 #include "app/mShutdown.h"
 #include "app/mStartUpLog.h"
+#include "base/Version.h"
 #include "editor/mUndo.h"
 
 namespace korvane::test {
@@ -43,7 +44,8 @@ TEST_F(StartUpTest, LogHoldsEveryStepInItsOrder) {
     }
     lines.erase(open + 1, close);
     EXPECT_THAT(
-        lines, ElementsAre("Korvane v1.0.0 - Copyright (c) 2026 The Korvane developers - Korvane",
+        lines, ElementsAre(std::string("Korvane v") + kVersionText +
+                               " - Copyright (c) 2026 The Korvane developers - Korvane",
                            MatchesRegex("START_UP\\(.+ - .+\\) \\{"), "    INIT_Defaults: Okay",
                            "    INIT_User_Preferences: Failed!", "    INIT_OpenGL {",
                            "        INIT_OpenGL_Render_Context: Okay",

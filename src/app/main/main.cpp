@@ -3,8 +3,11 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QSurfaceFormat>
+#include <iostream>
+#include <string>
 
 #include "app/frmMain.h"
+#include "base/Version.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mRestore.h"
 #include "platform/QtPrompts.h"
@@ -28,17 +31,34 @@ void OpenArgument(korvane::Editor& editor) {
     korvane::OpenObjectFile(editor, path.toStdString());
 }
 
+/// Answers a question about the program, which needs no window; whether there was one.
+bool AnswersQuestion(const std::string& argument) {
+    if (argument == "--version") {
+        std::cout << "korvane " << korvane::kVersionText << "\n";
+    } else if (argument == "--help" || argument == "-h") {
+        std::cout << "Usage: korvane [FILE.kvobject]\n"
+                     "Editor for textured 3D objects built out of brushes.\n"
+                     "  -h, --help   Print this help message and exit\n"
+                     "  --version    Print the version and exit\n";
+    } else {
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1 && AnswersQuestion(argv[1])) return 0;
     AskForDesktopOpenGL();
     QApplication::setOrganizationName("Korvane");
     QApplication::setApplicationName("Korvane");
-    QApplication::setDesktopFileName("korvane");
+    QApplication::setDesktopFileName("org.korvane.Korvane");
     QApplication application(argc, argv);
     korvane::QtPrompts prompts;
-    const std::string programFolder = QApplication::applicationDirPath().toStdString();
-    korvane::frmMain window(prompts, programFolder, korvane::DataFolderFor(programFolder));
+    const korvane::ProgramFolders folders =
+        korvane::FindFolders(QApplication::applicationDirPath().toStdString());
+    korvane::frmMain window(prompts, folders.shipped, folders.data);
     QApplication::setWindowIcon(QIcon(":/icons/korvane.svg"));
     if (!window.StartUp()) return 1;
     window.show();
