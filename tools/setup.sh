@@ -28,7 +28,7 @@ build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     lib3ds-dev libassimp-dev)
 run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox xdotool)
-# What the tests run on exported source code, beside g++.
-test_packages=(nodejs libjs-three python3)
+# What the tests run on exported source code, beside g++, and on an installation.
+test_packages=(nodejs libjs-three python3 man-db desktop-file-utils shared-mime-info)
 # fuzz/run.sh: clang, its sanitizers and libFuzzer, and what names the lines of a report.
 fuzz_packages=(clang libclang-rt-dev llvm cmake ninja-build)
