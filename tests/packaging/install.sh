@@ -85,7 +85,7 @@ done
 have desktop-file-validate && says_nothing desktop-file-validate "$usr"/share/applications/*.desktop
 have appstreamcli && { appstreamcli validate --no-net "$usr"/share/metainfo/*.xml >said || fail "$(cat said)"; }
 if have update-mime-database; then
-    says_nothing update-mime-database "$usr/share/mime"
+    says_nothing env XDG_DATA_DIRS="$usr/share" update-mime-database "$usr/share/mime"
     grep -q ':application/x-korvane-object:\*.kvobject' "$usr/share/mime/globs2" || fail "no file type"
 fi
 thumbnail=$(sed -n 's/^Exec=//p' "$usr"/share/thumbnailers/*)
