@@ -58,8 +58,10 @@ TEST_F(ImageFileTest, ReadsEveryFormat) {
     WriteFile(Path("d.TGA"), TgaOf(picture));
     SavePicture(Path("gray.jpe"), "jpeg", QImage(32, 32, QImage::Format_Grayscale8));
     SavePicture(Path("content decides.jpg"), "bmp", picture);
-    const std::pair<const char*, int> cases[] = {
-        {"a.bmp", 0}, {"b.JPG", 12}, {"c.gif", 0}, {"d.TGA", 0}, {"content decides.jpg", 0}};
+    SavePicture(Path("e.png"), "png", picture);
+    const std::pair<const char*, int> cases[] = {{"a.bmp", 0}, {"b.JPG", 12},
+                                                 {"c.gif", 0}, {"d.TGA", 0},
+                                                 {"e.png", 0}, {"content decides.jpg", 0}};
     for (const auto& [name, tolerance] : cases) {
         SCOPED_TRACE(name);
         EXPECT_EQ(Load(name), ImageLoaded);
@@ -93,7 +95,7 @@ TEST_F(ImageFileTest, APhotographIsNotTurned) {
 
 TEST_F(ImageFileTest, RefusalsTellWhy) {
     WriteFile(Path("text.jpg"), "no picture at all");
-    SavePicture(Path("portable.bmp"), "png", FourCorners(32, 32));
+    SavePicture(Path("portable.bmp"), "ppm", FourCorners(32, 32));
     WriteFile(Path("empty.gif"), "");
     WriteFile(Path("empty.tga"), "");
     WriteFile(Path("palette.tga"), QByteArray("\0\1\1\0\0\0\0\x18\0\0\0\0\x20\0\x20\0\x18\0", 18));

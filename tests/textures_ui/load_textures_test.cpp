@@ -98,14 +98,15 @@ TEST_F(LoadTexturesTest, TheTextureHoldsTheImageAndRepeats) {
 }
 
 TEST_F(LoadTexturesTest, OnlyImageNamesAreTriedSortedIgnoringCase) {
-    for (const char* name : {"b.BMP", "a.tga", "C.JpG", "ab.jpeg", "x.jpe", "y.gif", "a.b", ".bmp",
-                             "readme", "notes.txt", "jpg", "wall.jpg.bak", "Ab.gif", "ab.gif"}) {
+    for (const char* name :
+         {"b.BMP", "a.tga", "C.JpG", "ab.jpeg", "x.jpe", "y.gif", "a.b", ".bmp", "readme",
+          "notes.txt", "jpg", "wall.jpg.bak", "Ab.gif", "ab.gif", "z.PNG"}) {
         WriteFile(Path(name), "x");
     }
     QDir(folder_.path()).mkdir("folder.bmp");
-    EXPECT_THAT(
-        TextureFilesIn(folder_.path().toStdString()),
-        ElementsAre("a.tga", "Ab.gif", "ab.gif", "ab.jpeg", "b.BMP", "C.JpG", "x.jpe", "y.gif"));
+    EXPECT_THAT(TextureFilesIn(folder_.path().toStdString()),
+                ElementsAre("a.tga", "Ab.gif", "ab.gif", "ab.jpeg", "b.BMP", "C.JpG", "x.jpe",
+                            "y.gif", "z.PNG"));
     EXPECT_TRUE(TextureFilesIn(Path("absent").toStdString()).empty());
 }
 

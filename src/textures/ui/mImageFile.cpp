@@ -25,7 +25,8 @@ ImageCode LoadPicture(const QString& path, cDIBSection& image) {
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false);
     const QByteArray format = reader.format();
-    if (format != "bmp" && format != "gif" && format != "jpeg") return ImageFormatRefused;
+    static const QByteArrayList known = {"bmp", "gif", "jpeg", "png"};
+    if (!known.contains(format)) return ImageFormatRefused;
     QImage picture;
     if (!reader.read(&picture)) return ImageFormatRefused;
     image = BufferOf(picture);

@@ -1,5 +1,5 @@
-// Image files into image buffers: TGA by the program's own decoder, BMP, GIF and JPEG by the
-// toolkit's.
+// Image files into image buffers: TGA by the program's own decoder, BMP, GIF, JPEG and PNG by
+// the toolkit's.
 #pragma once
 
 #include <QImage>
@@ -10,8 +10,8 @@
 namespace korvane {
 
 /// Decodes the file at `path` (UTF-8). A name ending in "tga", in any case, is a TGA file; anything
-/// else must hold BMP, GIF or JPEG data, whatever its name says. Rotation noted in a photograph is
-/// ignored. `image` is changed on success only.
+/// else must hold BMP, GIF, JPEG or PNG data, whatever its name says. Rotation noted in a
+/// photograph is ignored. `image` is changed on success only.
 ImageCode LoadImageFile(const std::string& path, cDIBSection& image);
 
 /// Decodes a TGA file, see DecodeTGA.

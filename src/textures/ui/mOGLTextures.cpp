@@ -72,7 +72,8 @@ QImage PlaceholderPicture() {
 
 namespace {
 
-constexpr std::array<const char*, 6> kExtensions = {"jpg", "jpe", "jpeg", "gif", "bmp", "tga"};
+constexpr std::array<const char*, 7> kExtensions = {"jpg", "jpe", "jpeg", "gif",
+                                                    "bmp", "png", "tga"};
 
 bool IsTextureName(const std::string& name) {
     const std::size_t dot = name.rfind('.');
