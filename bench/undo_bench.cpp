@@ -1,6 +1,8 @@
 // What one edit costs beside its change:
 //   Snapshot       : 10,000 boxes; at most twice encoding them and plainly writing the same bytes,
 //                    from an empty stack and from a full one that drops its oldest
+//   BackAndForth   : an Undo and a Redo of 10,000 boxes; at most 1.3 times storing, loading and
+//                    deleting the same twice
 //   MoveStep       : a drag step of one of 20,000 boxes, by one of a box alone; about 1
 //   MultiplyCopies : 1,000 copies of 10 brushes, by 100 copies; at most about 10
 // Operation and reference take turns; "ratio" is the median over the rounds.
@@ -18,6 +20,7 @@
 #include "editor/mUndo.h"
 #include "editor/mViewGestures.h"
 #include "editor/mViews.h"
+#include "files/FileBuffer.h"
 #include "files/mObjectFile.h"
 #include "scene/mBrush.h"
 #include "support/RecordingHost.h"
@@ -82,6 +85,33 @@ void Snapshot(benchmark::State& state) {
     if (!written || !session.prompts.messages.empty()) state.SkipWithError("could not write");
 }
 
+void BackAndForth(benchmark::State& state) {
+    Session session(10'000);
+    Editor& editor = session.editor;
+    TakeUndoSnapshot(editor);
+    const std::string other = (session.folder / "reference").string();
+    bool written = true;
+    const auto storeAndLoad = [&] {
+        written &= WritePlainly(other, EncodeObject(editor.scene, editor.textures, true));
+        const auto bytes = LoadFile(other);
+        Scene loaded;
+        loaded.brushes = DecodeObject(*bytes, editor.textures, true).value();
+        std::swap(editor.scene.brushes, loaded.brushes);
+        DeleteFile(other);
+    };
+    Compare(
+        state,
+        [&] {
+            Undo(editor);
+            Redo(editor);
+        },
+        [&] {
+            storeAndLoad();
+            storeAndLoad();
+        });
+    if (!written || !session.prompts.messages.empty()) state.SkipWithError("could not write");
+}
+
 /// Drags the first box to and fro, a hundred steps.
 void DragFirst(Editor& editor) {
     for (int i = 0; i < 100; ++i) {
@@ -120,6 +150,7 @@ void MultiplyCopies(benchmark::State& state) {
 
 BENCHMARK(Snapshot)->Arg(0)->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
 BENCHMARK(Snapshot)->Arg(50)->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
+BENCHMARK(BackAndForth)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveStep)->Arg(20'000)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisecond);
 BENCHMARK(MultiplyCopies)->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
 

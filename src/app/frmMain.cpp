@@ -58,6 +58,7 @@ frmMain::frmMain(Prompts& prompts, const std::string& programFolder, const std::
             [this](int index) { TextureClicked(editor_, index); });
     keyInput_ = std::make_unique<KeyInput>(editor_, *this, *workspace_);
     connect(menuBar(), &QMenuBar::triggered, this, &frmMain::FocusViews);
+    connect(menuBar(), &QMenuBar::hovered, this, &frmMain::DescribeItem);
     setMinimumSize(kLeastSize);
     resize(kDesignSize);
     ShowCommandStates();
@@ -80,6 +81,11 @@ void frmMain::BuildBars() {
     addToolBar(toolBar_);
     addToolBarBreak();
     addToolBar(editBar_);
+}
+
+void frmMain::DescribeItem(const QAction* item) {
+    const Command* command = FindCommand(item->objectName().toStdString());
+    ShowStatus(0, command != nullptr ? StatusText(*command, editor_) : std::string());
 }
 
 bool frmMain::StartUp(ContextMaker makeContext) {

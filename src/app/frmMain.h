@@ -59,6 +59,8 @@ class frmMain final : public QMainWindow, public EditorHost {
 
   private:
     void BuildBars();
+    void DescribeItem(const QAction* item);
+    void TellSelectionLater();
     template <class ModelessForm>
     void OpenModeless(QPointer<ModelessForm>& form);
 

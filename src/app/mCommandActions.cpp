@@ -86,7 +86,7 @@ QAction* CommandActions::MakeAction(const Command& command) {
         action->setIconVisibleInMenu(false);  // the check mark stands in its place
     }
     connect(action, &QAction::triggered, this, [this, &command] {
-        if (command.run != nullptr) command.run(editor_);
+        RunCommand(editor_, command);
         Refresh();
     });
     return action;
@@ -131,9 +131,14 @@ void CommandActions::FillToolBar(Bar bar, ucToolBar* toolBar) const {
     for (const Command& command : Commands()) {
         if (command.button.bar == bar) row.push_back(&command);
     }
-    std::ranges::sort(row, {}, [](const Command* command) { return command->button.index; });
+    const auto place = [](const Command* command) {
+        const ToolButton& button = command->button;
+        return button.after < 0 ? button.index : button.after + 0.5;
+    };
+    std::ranges::sort(row, {}, place);
     for (const Command* command : row) {
-        toolBar->AddButton(Of(command->name), QString::fromUtf8(command->button.statusText));
+        toolBar->AddButton(command->button.index, Of(command->name),
+                           QString::fromUtf8(command->button.statusText));
         if (command->button.separatorAfter) toolBar->addSeparator();
     }
 }

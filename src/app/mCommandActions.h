@@ -34,7 +34,7 @@ class CommandActions final : public QObject {
     /// Fills the menu bar from the table of menus.
     void FillMenuBar(QMenuBar* menuBar);
 
-    /// Appends the buttons of a bar in the order of their indices.
+    /// Appends the buttons of a bar in the order of their places.
     void FillToolBar(Bar bar, ucToolBar* toolBar) const;
 
   private:

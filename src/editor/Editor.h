@@ -30,6 +30,7 @@ struct ViewGesture {
     float lastY = 0;
     Vec3 dragStart;                     ///< world point at the press, on the grid with snap on
     bool creating = false;              ///< a left press began the rectangle of a new brush
+    bool undoStep = false;              ///< the newest undo step is this gesture's, not yet named
     bool movesMarker = false;           ///< a left press took hold of the rotation marker
     bool dragging = false;              ///< the left button is down
     bool moved = false;                 ///< the left button has dragged since its press

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "editor/mEditCommands.h"
 #include "editor/mExport.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mRecentFiles.h"
+#include "editor/mUndo.h"
 #include "editor/mViews.h"
 #include "scene/mSelection.h"
 
@@ -185,6 +187,7 @@ using CheckKind::Toggle;
 using EnabledWhen::Always;
 using EnabledWhen::Clipboard;
 using EnabledWhen::NotYet;
+using EnabledWhen::RedoAvailable;
 using EnabledWhen::Selection;
 using EnabledWhen::UndoAvailable;
 
@@ -207,7 +210,9 @@ const Command kCommands[] = {
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},
 
     {"mnuUndo", "mnuEdit", "Undo", UndoAvailable, CheckKind::None, nullptr, UndoLastChange,
-     {EditBar, 4, "Undo", "Undo: Undo the last action", kSeparator}},
+     {EditBar, 4, "Undo", "Undo: Undo the last action"}},
+    {"mnuRedo", "mnuEdit", "Redo", RedoAvailable, CheckKind::None, nullptr, RedoLastChange,
+     {EditBar, 21, "Redo", "Redo: Redo the last undone action", kSeparator, 4}},
     {"mnuCopy", "mnuEdit", "Copy", Selection, CheckKind::None, nullptr, CopyBrushes,
      {EditBar, 5, "Copy Selected Brushes", "Copy: Copy selected brushes"}, kSeparator},
     {"mnuPaste", "mnuEdit", "Paste", Clipboard, CheckKind::None, nullptr, PasteBrushes,
@@ -324,10 +329,33 @@ bool IsEnabled(const Command& command, const Editor& editor) {
             return !editor.scene.clipboard.empty();
         case UndoAvailable:
             return editor.undo.UndoCount > 0;
+        case RedoAvailable:
+            return !editor.undo.redo.empty();
         case NotYet:
             return false;
     }
     return false;
+}
+
+void RunCommand(Editor& editor, const Command& command) {
+    if (!IsEnabled(command, editor)) return;
+    const std::string outer = std::exchange(editor.undo.command, CommandTitle(command));
+    command.run(editor);
+    editor.undo.command = outer;
+}
+
+std::string CommandTitle(const Command& command) {
+    const std::string_view text = command.button.statusText;
+    if (const auto colon = text.find(": "); colon != text.npos)
+        return std::string(text.substr(0, colon));
+    const std::string_view caption = command.caption;
+    return std::string(caption.substr(0, caption.find_last_not_of('.') + 1));
+}
+
+std::string StatusText(const Command& command, const Editor& editor) {
+    const bool undo = command.enabled == UndoAvailable, redo = command.enabled == RedoAvailable;
+    const std::string change = undo ? UndoCaption(editor) : redo ? RedoCaption(editor) : "";
+    return change.empty() ? command.button.statusText : command.caption + (": " + change);
 }
 
 }  // namespace korvane

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "editor/Editor.h"
@@ -15,6 +16,7 @@ enum class EnabledWhen {
     Selection,      ///< at least one brush is selected
     Clipboard,      ///< at least one brush was copied
     UndoAvailable,  ///< there is a snapshot to go back to
+    RedoAvailable,  ///< there is one to go forth to
     NotYet          ///< the capability is still to come; the entry stands there disabled
 };
 
@@ -26,11 +28,12 @@ enum class Bar { None, ToolBar, EditBar };
 /// A button of a bar that runs the command.
 struct ToolButton {
     Bar bar = Bar::None;
-    int index = 0;             ///< place in the bar, separators not counted
+    int index = 0;             ///< number in the bar and, without `after`, its place there
     const char* tooltip = "";  ///< UTF-8
     const char* statusText =
         "";  ///< shown in status bar panel 0 while the mouse is over the button
     bool separatorAfter = false;
+    int after = -1;  ///< index of the button it stands behind instead
 };
 
 /// One command. Texts are UTF-8; captions carry no mnemonic unless they show "&".
@@ -64,5 +67,15 @@ const Command* FindCommand(std::string_view name);
 
 /// Whether the command can be used now.
 bool IsEnabled(const Command& command, const Editor& editor);
+
+/// Runs the command if it can be used now. Undo steps that it takes carry its title.
+void RunCommand(Editor& editor, const Command& command);
+
+/// What the command is called where it stands alone: "Rotate X-Axis 90°", "Paste".
+std::string CommandTitle(const Command& command);
+
+/// What the status bar tells of the command's menu item: the text of its button, or for undo and
+/// redo what they would change ("Undo: Paste").
+std::string StatusText(const Command& command, const Editor& editor);
 
 }  // namespace korvane

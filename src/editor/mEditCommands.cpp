@@ -41,6 +41,11 @@ void UndoLastChange(Editor& editor) {
     RefreshAll(editor);
 }
 
+void RedoLastChange(Editor& editor) {
+    Redo(editor);
+    RefreshAll(editor);
+}
+
 void CopyBrushes(Editor& editor) {
     if (!HasSelection(editor)) return;
     CopySelection(editor.scene);

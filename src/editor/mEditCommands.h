@@ -6,6 +6,7 @@
 namespace korvane {
 
 void UndoLastChange(Editor& editor);
+void RedoLastChange(Editor& editor);
 void CopyBrushes(Editor& editor);
 void PasteBrushes(Editor& editor);
 void UnSelectCommand(Editor& editor);

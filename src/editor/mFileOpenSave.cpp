@@ -60,8 +60,11 @@ LoadResult LoadFrom(Editor& editor, const std::string& path, const LoadWay& way)
     }
     if (!brushes) return LoadResult::Failed;
     TakeBrushes(editor.scene, std::move(*brushes), way.merge);
-    if (!way.isUndo) editor.SceneModified = way.merge;
-    if (!way.isUndo && !way.merge) NothingUnsaved(editor);
+    if (!way.isUndo) {
+        MarkChanged(editor);
+        editor.SceneModified = way.merge;
+        if (!way.merge) NothingUnsaved(editor);
+    }
     return LoadResult::Done;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "editor/TypedNumber.h"
+#include "editor/mCommands.h"
 #include "editor/mRotationMarker.h"
 #include "editor/mUndo.h"
 #include "scene/mTransform.h"
@@ -31,7 +32,7 @@ void RunFreeRotate(Editor& editor, const FreeRotateTexts& texts) {
     const Vec3 typed = {TypedCoordinate(texts[0]), TypedCoordinate(texts[1]),
                         TypedCoordinate(texts[2])};
     editor.freeRotate = typed;
-    TakeUndoSnapshot(editor);
+    TakeUndoSnapshot(editor, CommandTitle(*FindCommand("mnuFreeRotate")));
     RotateSelection(editor.scene, Wrapped(typed.x), Wrapped(typed.y), -Wrapped(typed.z),
                     editor.Space());
     RefreshAll(editor);

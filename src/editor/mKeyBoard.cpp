@@ -117,8 +117,7 @@ bool MoveByKeys(Editor& editor) {
 void RunKeyCommands(Editor& editor) {
     for (const auto& [function, name] : kKeyCommands) {
         if (!TakePress(editor, function)) continue;
-        const Command* command = FindCommand(name);
-        if (IsEnabled(*command, editor)) command->run(editor);
+        RunCommand(editor, *FindCommand(name));
     }
     if (IsHeld(editor, KeyFunction::ZoomIn)) ZoomIn(editor);
     if (IsHeld(editor, KeyFunction::ZoomOut)) ZoomOut(editor);

@@ -5,6 +5,7 @@
 
 #include "base/Rounding.h"
 #include "editor/TypedNumber.h"
+#include "editor/mCommands.h"
 #include "editor/mRotationMarker.h"
 #include "editor/mUndo.h"
 #include "scene/mClipboard.h"
@@ -96,7 +97,7 @@ bool RunMultiply(Editor& editor, const MultiplyBoxes& boxes) {
         return false;
     }
     editor.multiply = multiply;
-    TakeUndoSnapshot(editor);
+    TakeUndoSnapshot(editor, CommandTitle(*FindCommand("mnuMultiply")));
     Scene& scene = editor.scene;
     CopySelection(scene);
     if (multiply.count > 0) UnselectAllBrushes(scene);

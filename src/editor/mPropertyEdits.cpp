@@ -4,6 +4,7 @@
 
 #include "base/NumberText.h"
 #include "editor/TypedNumber.h"
+#include "editor/mUndo.h"
 #include "scene/mSelection.h"
 
 namespace korvane {
@@ -123,7 +124,7 @@ void SetField(Editor& editor, Field BrushFace::*field, Field value) {
         }
         if (!changed) continue;
         Touch(brush);
-        editor.SceneModified = true;
+        MarkChanged(editor);
     }
 }
 
@@ -140,14 +141,14 @@ void SetMapping(Editor& editor, Field BrushFace::*field, Field value) {
     RefreshAll(editor);
 }
 
-/// One step of a dragged slider among others: the title needs telling only once.
+/// One step of a dragged slider among others: title and commands need telling only once.
 template <class Field>
 void SetFinish(Editor& editor, Field BrushFace::*field, Field value) {
-    const bool wasModified = editor.SceneModified;
+    const bool known = editor.SceneModified && editor.undo.redo.empty();
     SetField(editor, field, value);
     UpdateAllTextureCoords(editor.scene, editor.Space(), editor.knownCoords);
     editor.host.RequestRedraw(RedrawPreview);
-    if (editor.SceneModified != wasModified) UpdateCommandStates(editor);
+    if (editor.SceneModified && !known) UpdateCommandStates(editor);
 }
 
 float TypedFloat(std::string_view text) {

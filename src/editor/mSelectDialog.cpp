@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/SingleByteText.h"
+#include "editor/mUndo.h"
 #include "scene/mSelection.h"
 #include "scene/mStatistics.h"
 
@@ -101,7 +102,7 @@ void SetGroupOfSelection(Editor& editor, const std::string& text) {
         changed = true;
     }
     if (!changed) return;
-    editor.SceneModified = true;
+    MarkChanged(editor);
     UpdateCommandStates(editor);
 }
 

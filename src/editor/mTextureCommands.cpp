@@ -9,13 +9,13 @@ namespace {
 /// Whether anything was assigned.
 bool AssignClicked(Editor& editor) {
     if (editor.scene.editMode != FaceEdit) {
-        TakeUndoSnapshot(editor);
+        TakeUndoSnapshot(editor, "Assign Texture");
         AssignTextureToSelectedBrushes(editor.scene, editor.textures);
         UpdateSelectedTextureCoords(editor.scene, editor.Space());
         return true;
     }
     if (CountSelectedFaces(editor.scene) == 0) return false;
-    TakeUndoSnapshot(editor);
+    TakeUndoSnapshot(editor, "Assign Texture");
     AssignTextureToSelectedFaces(editor.scene, editor.Space());
     return true;
 }

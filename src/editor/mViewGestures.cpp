@@ -15,6 +15,7 @@ namespace korvane {
 namespace {
 
 constexpr float kThinnestBrush = 0.01F;  // world units, compared as stored
+constexpr const char* kMoveCaption = "Move";
 
 bool IsRunning(const ViewGesture& gesture) {
     return gesture.dragging || gesture.panning;
@@ -35,14 +36,14 @@ bool MovesVertices(std::int16_t editMode) {
 }
 
 /// The title and the undo command show that there is a snapshot.
-void TakeGestureSnapshot(Editor& editor) {
-    TakeUndoSnapshot(editor);
+void TakeGestureSnapshot(Editor& editor, const char* caption) {
+    editor.gesture.undoStep = TakeUndoSnapshot(editor, caption);
     UpdateCommandStates(editor);
 }
 
 /// Picks brushes with Ctrl; what is selected then can be moved.
 void PressBrushMove(Editor& editor, bool ctrl) {
-    TakeGestureSnapshot(editor);
+    TakeGestureSnapshot(editor, ctrl ? "Select Brushes" : kMoveCaption);
     if (ctrl) {
         PickBrushAt(editor.scene, editor.gesture.view, editor.gesture.dragStart);
         DepthRangeFromSelection(editor.scene, editor.depthRange);
@@ -54,8 +55,9 @@ void PressBrushMove(Editor& editor, bool ctrl) {
 /// Adds to the selection of vertices, or with Ctrl takes from it; what is selected then can be
 /// moved.
 void PressVertexMove(Editor& editor, bool ctrl) {
-    const auto pick = editor.scene.editMode == EdgeMove ? PickEdgesAt : PickVerticesAt;
-    TakeGestureSnapshot(editor);
+    const bool edges = editor.scene.editMode == EdgeMove;
+    const auto pick = edges ? PickEdgesAt : PickVerticesAt;
+    TakeGestureSnapshot(editor, edges ? "Select Edges" : "Select Vertices");
     pick(editor.scene, editor.gesture.view, editor.gesture.dragStart, editor.settings.pickerSize,
          !ctrl);
     RedrawAllViews(editor);
@@ -137,7 +139,7 @@ std::int32_t BuildBrush(Editor& editor) {
 }
 
 void FinishCreation(Editor& editor) {
-    TakeUndoSnapshot(editor);
+    TakeUndoSnapshot(editor, "Create Brush");
     editor.host.RequestRedraw(RedrawView(editor.gesture.view));  // without the rectangle
     const std::int32_t brush = BuildBrush(editor);
     if (brush < 0) {
@@ -161,6 +163,7 @@ void MoveMarker(Editor& editor) {
 }
 
 void MoveSelection(Editor& editor) {
+    if (std::exchange(editor.gesture.undoStep, false)) RenameUndoStep(editor, kMoveCaption);
     MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor),
                    editor.settings.SnapStep(), editor.Space());
     editor.host.RequestRedraw(RedrawMoveStep);
@@ -209,6 +212,7 @@ void PressView(Editor& editor, int view, const MouseInput& mouse) {
     gesture.lastY = mouse.y;
     gesture.panned = false;
     gesture.moved = false;
+    gesture.undoStep = false;
     ScreenToWorld(editor.views[view], view, mouse.x, mouse.y, gesture.dragStart);
     editor.CursorPoint = gesture.dragStart;
     gesture.panning = mouse.button == MouseButton::Right;

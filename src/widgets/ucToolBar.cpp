@@ -20,14 +20,15 @@ ucToolBar::ucToolBar(const QString& name, const QString& title, QWidget* parent)
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
-void ucToolBar::AddButton(QAction* action, const QString& longText) {
+void ucToolBar::AddButton(int index, QAction* action, const QString& longText) {
     addAction(action);
     auto* button = qobject_cast<QToolButton*>(widgetForAction(action));
-    button->setObjectName(QString("%1_%2").arg(objectName()).arg(ButtonCount()));
+    button->setObjectName(QString("%1_%2").arg(objectName()).arg(index));
     button->setProperty(kLongText, longText);
     button->setAccessibleDescription(longText);
     button->installEventFilter(this);
-    buttons_.append(button);
+    buttons_.resize(qMax(buttons_.size(), index + 1));
+    buttons_[index] = button;
 }
 
 bool ucToolBar::eventFilter(QObject* watched, QEvent* event) {

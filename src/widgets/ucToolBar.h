@@ -16,8 +16,8 @@ class ucToolBar final : public QToolBar {
     /// `name` becomes the object name; button i is called NAME_i.
     ucToolBar(const QString& name, const QString& title, QWidget* parent = nullptr);
 
-    /// Appends the button with the next index. `longText` describes it while the mouse is over it.
-    void AddButton(QAction* action, const QString& longText);
+    /// Appends the button of that index. `longText` describes it while the mouse is over it.
+    void AddButton(int index, QAction* action, const QString& longText);
 
     int ButtonCount() const { return static_cast<int>(buttons_.size()); }
 

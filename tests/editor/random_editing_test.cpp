@@ -1,5 +1,5 @@
 // Thousands of random commands and gestures. After each the scene's invariants hold, and undoing
-// them brings the scene back to the byte.
+// and redoing them brings the scene back and forth to the byte.
 //
 // KORVANE_RANDOM_SEED and KORVANE_RANDOM_STEPS choose another run than the usual one.
 #include <gtest/gtest.h>
@@ -196,16 +196,27 @@ class RandomEditingTest : public test::SessionTest {
         states_.push_back(before);
     }
 
-    /// Goes back through all steps of the chain, then on from where it had come to.
+    /// Goes back through all steps of the chain and forth again, then back to somewhere in between,
+    /// where editing goes on.
     void UndoChain() {
-        const Scene reached = editor.scene;
-        for (; !states_.empty(); states_.pop_back()) {
-            Run("mnuUndo");
-            ASSERT_TRUE(SceneBytes() == states_.back()) << states_.size() << " steps left";
+        const std::size_t last = states_.size();
+        states_.push_back(SceneBytes());
+        ASSERT_NO_FATAL_FAILURE(GoThrough("mnuUndo", last, 0));
+        ASSERT_FALSE(Enabled("mnuUndo"));
+        ASSERT_NO_FATAL_FAILURE(GoThrough("mnuRedo", 0, last));
+        ASSERT_FALSE(Enabled("mnuRedo"));
+        const auto middle = static_cast<std::size_t>(Pick(int(last) / 2, int(last) - 1));
+        ASSERT_NO_FATAL_FAILURE(GoThrough("mnuUndo", last, middle));
+        states_.resize(middle);
+    }
+
+    void GoThrough(const char* command, std::size_t from, std::size_t to) {
+        while (from != to) {
+            from += from < to ? std::size_t{1} : std::size_t(-1);
+            Run(command);
+            ASSERT_TRUE(SceneBytes() == states_[from]) << command << " to state " << from;
             ASSERT_NO_FATAL_FAILURE(CheckScene());
         }
-        ASSERT_EQ(editor.undo.UndoCount, 0);
-        editor.scene = reached;
     }
 
     std::vector<test::Bytes> states_;  ///< the scene before each snapshot of the chain
@@ -227,6 +238,8 @@ TEST_F(RandomEditingTest, EveryStepKeepsTheInvariantsAndCanBeUndone) {
         ASSERT_NO_FATAL_FAILURE(UndoChain());
     }
     EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(SnapshotFiles(), editor.undo.UndoCount + std::ssize(editor.undo.redo));
+    ClearUndoCache(editor);
     EXPECT_EQ(SnapshotFiles(), 0);
 }
 

@@ -2,9 +2,15 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <functional>
 #include <set>
 
 #include "editor/mFileOpenSave.h"
+#include "editor/mFreeRotate.h"
+#include "editor/mMultiply.h"
+#include "editor/mPropertyEdits.h"
+#include "editor/mSelectDialog.h"
+#include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
 #include "support/FileSizeLimit.h"
 #include "support/SessionFixture.h"
@@ -14,6 +20,7 @@ namespace {
 
 using test::Bytes;
 using test::FileBytes;
+using test::Left;
 
 double StandingClock() {
     return 45296.27;
@@ -32,8 +39,10 @@ class UndoTest : public test::SessionTest {
     float Place() const { return editor.scene.brushes.at(0).vertices[0].x; }
 
     std::vector<std::string> Names() const {
-        const auto& names = editor.undo.UndoNames;
-        return {names.begin(), names.begin() + editor.undo.UndoCount};
+        std::vector<std::string> names;
+        for (int i = 0; i < editor.undo.UndoCount; ++i)
+            names.push_back(editor.undo.UndoNames[static_cast<std::size_t>(i)].file);
+        return names;
     }
 
     bool NamesDiffer() const {
@@ -66,7 +75,7 @@ TEST_F(UndoTest, BringsBackBrushesAndSelectionAndNothingElse) {
     EXPECT_EQ(editor.CurrentObjectPath, "mine.kvobject");
     EXPECT_TRUE(editor.currentFileForeign);
     EXPECT_EQ(editor.scene.editMode, EdgeMove);
-    EXPECT_EQ(SnapshotFiles(), 0);
+    EXPECT_EQ(SnapshotFiles(), 1) << "for Redo";
     EXPECT_TRUE(prompts.messages.empty());
     Undo(editor);
     EXPECT_EQ(SceneBytes(), before) << "without a snapshot nothing changes";
@@ -89,7 +98,7 @@ TEST_F(UndoTest, FiftyStepsAreKeptUnderUniqueNamesEvenWhenTheClockStands) {
     }
     Undo(editor);
     EXPECT_EQ(Place(), 70) << "the older ones were dropped";
-    EXPECT_EQ(SnapshotFiles(), 0);
+    EXPECT_EQ(SnapshotFiles(), 50) << "for Redo";
 }
 
 TEST_F(UndoTest, ANameInASlotIsNotUsedAgain) {
@@ -123,6 +132,7 @@ TEST_F(UndoTest, TwoSessionsShareTheFolder) {
     EXPECT_EQ(SnapshotFiles(), 50);
     for (int i = 0; i < 50; ++i) Undo(editor);
     EXPECT_EQ(Place(), 10);
+    ClearUndoCache(editor);
     EXPECT_EQ(SnapshotFiles(), 0);
 }
 
@@ -149,6 +159,135 @@ TEST_F(UndoTest, AFullDiskIsToldOnceAndTheEditGoesOn) {
     EXPECT_EQ(prompts.messages.size(), 2U) << "told again after it had worked";
 }
 
+TEST_F(UndoTest, RedoGoesForthToTheByteAndBackAgain) {
+    editor.undo.clock = StandingClock;
+    std::vector<Bytes> states;
+    for (int i = 0; i < 60; ++i) {
+        states.push_back(SceneBytes());
+        Change();
+        Brushes()[0].selected = i % 3 == 0;
+    }
+    const Bytes last = SceneBytes();
+    states.erase(states.begin(), states.begin() + 10);
+    states.push_back(last);
+    editor.SceneModified = false;
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 49; i >= 0; --i) {
+            Undo(editor);
+            ASSERT_TRUE(SceneBytes() == states[static_cast<std::size_t>(i)]) << i;
+        }
+        EXPECT_EQ(editor.SceneModified, round > 0) << "Undo leaves it as it is";
+        EXPECT_EQ(SnapshotFiles(), 50);
+        for (std::size_t i = 1; i <= 50; ++i) {
+            Redo(editor);
+            ASSERT_TRUE(SceneBytes() == states[i]) << i;
+        }
+        EXPECT_TRUE(editor.SceneModified) << "the saved state may have been left";
+        EXPECT_EQ(SnapshotFiles(), 50);
+    }
+    Redo(editor);
+    EXPECT_TRUE(SceneBytes() == last) << "there is nothing more";
+    Undo(editor);
+    ClearUndoCache(editor);
+    EXPECT_FALSE(Enabled("mnuUndo") || Enabled("mnuRedo"));
+    EXPECT_EQ(SnapshotFiles(), 0);
+}
+
+TEST_F(UndoTest, AnyChangeEndsWhatCouldBeRedone) {
+    const std::string saved = folder.Path("saved.kvobject");
+    ASSERT_TRUE(SaveObject(editor, saved));
+    editor.settings.warnings.fill(false);
+    editor.settings.recentFiles = {saved};
+    const struct {
+        const char* what;
+        std::function<void()> change;
+        std::ptrdiff_t left;  // snapshot files
+    } rows[] = {{"a command", [&] { Run("mnuFlipX"); }, 2},
+                {"a property", [&] { SetSmooth(editor, !Brushes()[0].faces[0].smooth); }, 1},
+                {"a slider", [&] { SetTextureRotation(editor, 90); }, 1},
+                {"a group", [&] { SetGroupOfSelection(editor, "wall"); }, 1},
+                {"a merge", [&] { prompts.paths = {saved}, Run("mnuMerge"); }, 1},
+                {"a recent file", [&] { OpenRecentFile(editor, 0); }, 1},
+                {"a new object", [&] { Run("mnuNew"); }, 0}};
+    for (const auto& row : rows) {
+        ClearUndoCache(editor);
+        Brushes()[0].selected = true;
+        Change();
+        Change();
+        Undo(editor);
+        Run("mnuRulers");
+        Run("mnuCopy");
+        EXPECT_TRUE(Enabled("mnuRedo")) << row.what;
+        const int refreshes = host.commandStateRefreshes;
+        row.change();
+        EXPECT_FALSE(Enabled("mnuRedo")) << row.what;
+        EXPECT_GT(host.commandStateRefreshes, refreshes) << row.what;
+        EXPECT_EQ(SnapshotFiles(), row.left) << row.what;
+    }
+}
+
+TEST_F(UndoTest, EachStepNamesItsChange) {
+    AddBox({-1, 0, -1}, {1, 1, 1});  // the middle of the Top view lies in it
+    const struct {
+        std::function<void()> change;
+        const char* caption;
+    } rows[] = {
+        {[&] { Click(TopView, Left(200, 150, CtrlKey)); }, "Select Brushes"},
+        {[&] { Drag(TopView, Left(200, 150), Left(220, 150)); }, "Move"},
+        {[&] { Run("mnuRotX"); }, "Rotate X-Axis 90°"},
+        {[&] { Run("mnuFlipY"); }, "Flip Y"},
+        {[&] { Run("mnuInvert"); }, "Invert"},
+        {[&] { Run("mnuCopy"), Run("mnuPaste"); }, "Paste"},
+        {[&] { TextureClicked(editor, 0); }, "Assign Texture"},
+        {[&] { Run("mnuMultiply"), RunMultiply(editor, OpenMultiply(editor)); },
+         "Multiply Brushes"},
+        {[&] { CloseMultiply(editor), Run("mnuFreeRotate"), OpenFreeRotate(editor); }, nullptr},
+        {[&] {
+             RunFreeRotate(editor, {"1", "2", "3"}), CloseFreeRotate(editor);
+         },
+         "Free Rotate"},
+        {[&] { Run("mnuModeVertex"), Click(TopView, Left(0, 0)); }, "Select Vertices"},
+        {[&] { Run("mnuModeEdge"), Click(TopView, Left(0, 0)); }, "Select Edges"},
+        {[&] { Drag(TopView, Left(0, 0), Left(20, 0)); }, "Move"},
+        {[&] { Run("mnuDelete"); }, "Delete"},
+        {[&] { Drag(TopView, Left(9, 9), Left(99, 99)); }, "Create Brush"},
+    };
+    editor.settings.warnings.fill(false);
+    std::vector<std::string> captions;
+    for (const auto& row : rows) {
+        row.change();
+        if (row.caption == nullptr) continue;
+        captions.push_back(row.caption);
+        EXPECT_EQ(StatusText(*FindCommand("mnuUndo"), editor), "Undo: " + captions.back());
+    }
+    EXPECT_EQ(StatusText(*FindCommand("mnuRedo"), editor), "Redo: Redo the last undone action");
+    for (; !captions.empty(); captions.pop_back()) {
+        Run("mnuUndo");
+        EXPECT_EQ(StatusText(*FindCommand("mnuRedo"), editor), "Redo: " + captions.back());
+    }
+    EXPECT_EQ(StatusText(*FindCommand("mnuUndo"), editor), "Undo: Undo the last action");
+}
+
+TEST_F(UndoTest, WithoutRoomOnTheDiskUndoStillWorks) {
+    for (int i = 0; i < 4; ++i) Change();
+    Undo(editor);
+    {
+        const test::FileSizeLimit full(100);
+        Undo(editor);
+        EXPECT_EQ(Place(), 2);
+        EXPECT_FALSE(Enabled("mnuRedo")) << "the step before can't be skipped";
+        Undo(editor);
+    }
+    EXPECT_EQ(Place(), 1);
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text,
+              "Error: Unable to save undo data!\r\nRedo is not available for this step.");
+    Undo(editor);
+    Redo(editor);
+    EXPECT_EQ(Place(), 1);
+    EXPECT_EQ(SnapshotFiles(), 1);
+}
+
 TEST_F(UndoTest, AFolderTakenAwayComesBack) {
     std::filesystem::remove(folder.Path("ObjCache"));
     Change();
@@ -173,6 +312,13 @@ TEST_F(UndoTest, AnUnreadableSnapshotIsDroppedAndTheSceneStays) {
     Undo(editor);
     EXPECT_EQ(Place(), 0);
     EXPECT_EQ(editor.undo.UndoCount, 0);
+    std::filesystem::remove(InCache(editor.undo.redo.back().file));
+    editor.SceneModified = false;
+    Redo(editor);
+    EXPECT_EQ(Place(), 0);
+    EXPECT_FALSE(editor.SceneModified);
+    EXPECT_FALSE(Enabled("mnuUndo") || Enabled("mnuRedo"));
+    EXPECT_EQ(SnapshotFiles(), 0);
 }
 
 TEST_F(UndoTest, NewAndASuccessfulOpenDropOnlyTheSessionsOwn) {

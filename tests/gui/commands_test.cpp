@@ -103,6 +103,7 @@ const ButtonText kEditBar[] = {
     {"mnuFlipZ", "Flip: Z-Axis", "Flip Z: Flip selected brushes on the Z-Axis"},
     {"mnuMultiply", "Multiply Selected Brushes...",
      "Multiply Brushes: Mulptiply selected brushes with offsets and rotations"},
+    {"mnuRedo", "Redo", "Redo: Redo the last undone action"},
 };
 
 class CommandsTest : public GuiTest {
@@ -156,6 +157,7 @@ TEST_F(CommandsTest, MenusHoldEveryEntryUnderItsCaption) {
   Exit = mnuExit
 &Edit = mnuEdit
   Undo = mnuUndo
+  Redo = mnuRedo
   Copy = mnuCopy
   Paste = mnuPaste
   Select... = mnuSelect

@@ -68,7 +68,7 @@ class SessionTest : public testing::Test {
         const Command* command = FindCommand(name);
         ASSERT_NE(command, nullptr) << name;
         ASSERT_TRUE(IsEnabled(*command, editor)) << name;
-        command->run(editor);
+        RunCommand(editor, *command);
     }
 
     bool Enabled(const char* name) { return IsEnabled(*FindCommand(name), editor); }

@@ -284,6 +284,7 @@ def icons():
         "mnuModeEdge": mode("edge"),
         "mnuModeVertex": mode("vertex"),
         "mnuUndo": line("M9,11 H19 A8,8 0 0 1 19,27 H9", BLUE, 3) + area("M1,11 L11,3 V19 Z", BLUE),
+        "mnuRedo": line("M23,11 H13 A8,8 0 0 0 13,27 H23", BLUE, 3) + area("M31,11 L21,3 V19 Z", BLUE),
         "mnuCopy": tinted("M3,3 H19 V7 H11 V23 H3 Z", GREY, 0.2) + tinted("M11,7 H29 V29 H11 Z", BLUE, 0.2)
         + line("M15,13 H25 M15,19 H25", BLUE),
         "mnuPaste": line("M9,5 H5 V29 H11 M19,5 H23 V9") + area("M9,2 H19 V8 H9 Z")
