@@ -8,8 +8,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "app/mShortcuts.h"
 #include "base/PathText.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mKeyBoard.h"
+#include "platform/VirtualKeys.h"
 #include "widgets/ucToolBar.h"
 
 namespace korvane {
@@ -80,6 +83,8 @@ QAction* CommandActions::MakeAction(const Command& command) {
     action->setObjectName(command.name);
     action->setIcon(CommandIcon(command.name));
     action->setToolTip(QString::fromUtf8(command.button.tooltip));
+    // A repeated key press would be another press: Ctrl going down on a held S must not save.
+    action->setAutoRepeat(false);
     action->setMenuRole(QAction::NoRole);
     if (command.check != CheckKind::None) {
         action->setCheckable(true);
@@ -92,11 +97,26 @@ QAction* CommandActions::MakeAction(const Command& command) {
     return action;
 }
 
+/// Without one that the keyboard map has taken for something else.
+void CommandActions::ShowShortcut(const Command& command, QAction& action) const {
+    const KeyMap& map = editor_.settings.keyMap;
+    QKeySequence shortcut = ShortcutOf(command.name);
+    if (shortcut.isEmpty()) return;
+    const int code = VirtualKeyCode(KeyAlone(shortcut), 0, false);
+    if (IsBound(map, code) && CommandOfKey(map, code) != command.name) shortcut = {};
+    action.setShortcut(shortcut);
+    QString tip = QString::fromUtf8(command.button.tooltip);
+    if (!shortcut.isEmpty() && !tip.isEmpty())
+        tip += QString(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
+    action.setToolTip(tip);
+}
+
 void CommandActions::Refresh() {
     for (const Command& command : Commands()) {
         QAction* action = Of(command.name);
         action->setEnabled(IsEnabled(command, editor_));
         if (command.checked != nullptr) action->setChecked(command.checked(editor_));
+        ShowShortcut(command, *action);
     }
     ShowRecentItems();
 }

@@ -40,6 +40,7 @@ class CommandActions final : public QObject {
   private:
     QAction* MakeAction(const Command& command);
     QAction* MakeRecentItem(int index);
+    void ShowShortcut(const Command& command, QAction& action) const;
     void ShowRecentItems();
     void AddRecentItems(QMenu* menu);
 

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <algorithm>
 
+#include "app/mShortcuts.h"
 #include "app/ucWorkspace.h"
 #include "editor/mKeyBoard.h"
 #include "platform/VirtualKeys.h"
@@ -22,10 +23,6 @@ constexpr int kEscape = 27;
 bool IsTextBox(const QObject* object) {
     return qobject_cast<const QLineEdit*>(object) != nullptr ||
            qobject_cast<const QAbstractSpinBox*>(object) != nullptr;
-}
-
-bool IsBound(const KeyMap& map, int code) {
-    return std::ranges::find(map.codes, code) != map.codes.end();
 }
 
 }  // namespace
@@ -57,13 +54,29 @@ bool KeyInput::IsInWindow(QObject* object) const {
     return widget != nullptr && widget->window() == &window_;
 }
 
+/// What other controls leave over arrives at the window.
+bool KeyInput::IsForViews(const QObject* watched) const {
+    return watched == &workspace_.FocusKeeper() || watched == &window_;
+}
+
+bool KeyInput::KeepsFromShortcuts(const QKeyEvent& event) const {
+    constexpr auto kCommandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (IsTextBox(window_.focusWidget())) return false;
+    return TakesShortcut(editor_, KeyId(event), VirtualKeyCode(event),
+                         !(event.modifiers() & kCommandKeys), event.timestamp());
+}
+
 bool KeyInput::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
-            // What other controls leave over arrives at the window.
-            if (watched == &workspace_.FocusKeeper() || watched == &window_)
-                return HandleKey(*static_cast<QKeyEvent*>(event));
+            if (IsForViews(watched)) return HandleKey(*static_cast<QKeyEvent*>(event));
+            break;
+        case QEvent::ShortcutOverride:
+            if (IsForViews(watched) && KeepsFromShortcuts(*static_cast<QKeyEvent*>(event))) {
+                event->accept();
+                return true;
+            }
             break;
         case QEvent::WindowBlocked:
         case QEvent::WindowDeactivate:
@@ -112,6 +125,8 @@ bool KeyInput::HandleKey(QKeyEvent& event) {
     if (IsTextBox(window_.focusWidget())) return false;
     if (code == kTab && !IsBound(editor_.settings.keyMap, kTab)) return false;
     if (event.isAutoRepeat()) return true;
+    // The shortcut of a command that can't be used now is not another function of its key.
+    if (press && IsShortcut(event) && !KeepsFromShortcuts(event)) return true;
     press ? PressKey(editor_, KeyId(event), code, event.timestamp())
           : ReleaseKey(editor_, KeyId(event), event.timestamp());
     return true;

@@ -18,7 +18,8 @@ class ucWorkspace;
 /// Text boxes keep their keys. All other controls pass on the keys that they do not use. A control
 /// that was used with the mouse, and a menu, hands the focus back to `pbFocusKeeper`; one that was
 /// reached with Tab keeps it until Escape, so that the keyboard gets at everything. Escape and
-/// Enter leave a text box.
+/// Enter leave a text box. A key goes to the keyboard map or is a shortcut of the desktop, never
+/// both.
 class KeyInput final : public QObject {
     Q_OBJECT
 
@@ -37,6 +38,8 @@ class KeyInput final : public QObject {
 
   private:
     bool IsInWindow(QObject* object) const;
+    bool IsForViews(const QObject* watched) const;
+    bool KeepsFromShortcuts(const QKeyEvent& event) const;
     bool HandleKey(QKeyEvent& event);
     bool HandsBack(const QKeyEvent& event, int code) const;
     void HandBackAfterMouse(QObject* used);

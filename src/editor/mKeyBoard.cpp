@@ -93,6 +93,16 @@ bool TakePress(Editor& editor, KeyFunction function) {
     return held;
 }
 
+/// Whether keys or the mouse move the camera.
+bool IsFlying(const Editor& editor) {
+    const auto held = [&editor](const auto& row) {
+        const int code = editor.settings.keyMap[row.function];
+        return code > 0 && std::ranges::count(editor.keyBoard.sources, code, &KeySource::code) > 0;
+    };
+    return editor.mouseLook.state != LookOff || std::ranges::any_of(kMotions, held) ||
+           std::ranges::any_of(kTurnings, held);
+}
+
 float Speed(Editor& editor) {
     if (IsHeld(editor, KeyFunction::MoveFaster)) return kFastSpeed;
     return IsHeld(editor, KeyFunction::MoveSlower) ? kSlowSpeed : kSpeed;
@@ -191,6 +201,20 @@ void ReleaseKey(Editor& editor, int source, std::uint64_t time) {
     if (released == nullptr) return;  // a command took the keyboard away
     keys.lastRelease = {*released, keys.held[static_cast<std::size_t>(released->code)], time};
     Drop(keys, source);
+}
+
+bool TakesShortcut(const Editor& editor, int source, int code, bool alone, std::uint64_t time) {
+    const KeyBoard& keys = editor.keyBoard;
+    const KeyRelease& last = keys.lastRelease;
+    const bool repeats = std::ranges::count(keys.sources, source, &KeySource::id) > 0 ||
+                         (time != 0 && time == last.time && source == last.source.id);
+    return repeats || (alone && IsBound(editor.settings.keyMap, code)) || IsFlying(editor);
+}
+
+std::string_view CommandOfKey(const KeyMap& map, int code) {
+    const auto row = std::ranges::find_if(
+        kKeyCommands, [&](const KeyCommand& key) { return map[key.function] == code; });
+    return row == std::end(kKeyCommands) ? std::string_view() : row->command;
 }
 
 void ReleaseAllKeys(Editor& editor) {

@@ -2,6 +2,8 @@
 // comes late, the ticks it missed are made up, so that the speed does not depend on the frame rate.
 #pragma once
 
+#include <string_view>
+
 #include "editor/Editor.h"
 
 namespace korvane {
@@ -18,6 +20,14 @@ inline constexpr int kKeyBoardTick = 10;  // milliseconds
 /// takes the release back.
 void PressKey(Editor& editor, int source, int code, std::uint64_t time = 0);
 void ReleaseKey(Editor& editor, int source, std::uint64_t time = 0);
+
+/// Whether a key that is a shortcut of the desktop as well goes to the keyboard map: pressed
+/// without Ctrl and the like (`alone`) it has a function there, it is held already and only
+/// repeats, or the camera flies, where Ctrl may be the key for slowly.
+bool TakesShortcut(const Editor& editor, int source, int code, bool alone, std::uint64_t time);
+
+/// The function of a key that runs a command, as that command's object name; empty for others.
+std::string_view CommandOfKey(const KeyMap& map, int code);
 
 /// No key is held any more: the keyboard went to someone else, who gets the releases.
 void ReleaseAllKeys(Editor& editor);

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QTimer>
 #include <QToolButton>
+#include <map>
 #include <span>
 
 #include "GuiFixture.h"
@@ -115,10 +116,23 @@ class CommandsTest : public GuiTest {
             const QToolButton* button = bar->Button(i);
             EXPECT_EQ(button->objectName(), QString("%1_%2").arg(name).arg(i));
             EXPECT_EQ(button->defaultAction()->objectName(), rows[i].command);
-            EXPECT_EQ(button->toolTip(), rows[i].tooltip);
+            EXPECT_EQ(button->toolTip(), rows[i].tooltip + ShortcutOf(rows[i].command));
             EXPECT_FALSE(button->icon().isNull()) << rows[i].command;
             EXPECT_TRUE(button->isVisible()) << rows[i].command;
         }
+    }
+
+    /// As tooltips and menus show it.
+    static QString ShortcutOf(const QString& command) {
+        static const std::map<QString, QString> shortcuts = {
+            {"mnuNew", " (Ctrl+N)"},    {"mnuOpen", " (Ctrl+O)"},
+            {"mnuSave", " (Ctrl+S)"},   {"mnuSaveAs", " (Ctrl+Shift+S)"},
+            {"mnuUndo", " (Ctrl+Z)"},   {"mnuRedo", " (Ctrl+Shift+Z)"},
+            {"mnuCopy", " (Ctrl+C)"},   {"mnuPaste", " (Ctrl+V)"},
+            {"mnuSelect", " (Ctrl+F)"}, {"mnuUnSelect", " (Ctrl+Shift+A)"},
+            {"mnuDelete", " (Del)"}};
+        const auto found = shortcuts.find(command);
+        return found == shortcuts.end() ? QString() : found->second;
     }
 
     /// Indices of the pressed buttons from first to last.

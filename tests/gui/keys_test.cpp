@@ -1,5 +1,7 @@
 // Keys and mouse-look in the real window, with the events of a real X server: what the user holds,
 // flies and types, and who gets it.
+#include <gmock/gmock.h>
+
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QMenu>
@@ -168,6 +170,61 @@ TEST_F(KeysTest, ACommandInTheMiddleOfADragLeavesTheSceneWhole) {
     X({"key", "Delete", "mousemove_relative", "0", "20", "mouseup", "1"});
     EXPECT_EQ(Session().scene.brushCount(), 2);
     EXPECT_FALSE(Session().gesture.dragging);
+}
+
+TEST_F(KeysTest, ShortcutsRunTheirCommandOnceAndNoOtherFunctionOfTheKey) {
+    X({"key", "ctrl+v"});
+    EXPECT_EQ(Session().scene.editMode, BrushMove) << "nothing to paste is not V";
+    X({"key", "ctrl+z"});
+    EXPECT_EQ(Session().scene.brushCount(), 1);
+    X({"key", "ctrl+shift+z"});
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    X({"key", "ctrl+c", "key", "ctrl+v"});
+    EXPECT_EQ(Session().scene.brushCount(), 3);
+    EXPECT_EQ(Session().scene.editMode, BrushMove);
+    X({"key", "Delete"});
+    EXPECT_EQ(prompts.messages.size(), 1U) << "asked once";
+    prompts.answers = {Answer::Yes};
+    Session().settings.keyMap[KeyFunction::ModifyDelete] = 0;
+    X({"key", "Delete"});
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_TRUE(ViewsHaveFocus());
+    X({"key", "ctrl+s"});
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
+    EXPECT_FALSE(Held(17) || Held('S'));
+    EXPECT_EQ(Eye().z, 0);
+}
+
+TEST_F(KeysTest, TheKeyMapGoesBeforeShortcuts) {
+    Session().settings.keyMap[KeyFunction::ModifyDelete] = 0;
+    Session().settings.keyMap[KeyFunction::ModeEdge] = 46;
+    window->ShowCommandStates();
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_TRUE(Find<QAction>("mnuDelete")->shortcut().isEmpty()) << "the menu promises nothing";
+    X({"key", "Delete"});
+    EXPECT_EQ(Session().scene.editMode, EdgeMove);
+    EXPECT_THAT(prompts.messages, testing::IsEmpty());
+    X({"keydown", "w", "keydown", "Control_L", "keydown", "s"});
+    EXPECT_TRUE(Held('S')) << "slowly";
+    X({"keyup", "s", "keyup", "Control_L", "keyup", "w"});
+    X({"keydown", "s", "keydown", "Control_L"});
+    QTest::qWait(900);  // the server repeats the one pressed last; a click on the other follows
+    X({"keydown", "s", "keyup", "s", "keyup", "Control_L"});
+    EXPECT_TRUE(prompts.saveDialogs.empty()) << "who flies does not save";
+    EXPECT_FALSE(Held(17) || Held('S'));
+}
+
+TEST_F(KeysTest, ATextBoxKeepsItsShortcuts) {
+    QLineEdit* box = TypeInGroupBox();
+    X({"type", "wall"});
+    X({"key", "ctrl+a", "key", "ctrl+c", "key", "Delete", "key", "ctrl+v", "key", "ctrl+z"});
+    EXPECT_EQ(box->text(), "");
+    EXPECT_TRUE(Session().scene.clipboard.empty());
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_TRUE(prompts.messages.empty());
+    X({"key", "ctrl+s"});
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U) << "one that the box has no use for";
 }
 
 class MouseLookGuiTest : public KeysTest {

@@ -90,6 +90,10 @@ KeyMap::KeyMap() {
                    [](const KeyFunctionInfo& f) { return f.standard; });
 }
 
+bool IsBound(const KeyMap& map, int code) {
+    return code > 0 && std::find(map.codes.begin(), map.codes.end(), code) != map.codes.end();
+}
+
 std::string KeyName(int code) {
     if ((code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z'))
         return std::string(1, static_cast<char>(code));

@@ -77,6 +77,9 @@ struct KeyMap {
     std::int16_t& operator[](KeyFunction f) { return codes[static_cast<int>(f)]; }
 };
 
+/// Whether some function has the key.
+bool IsBound(const KeyMap& map, int code);
+
 /// What a key is called, such as "PAGE UP"; "{UnDefined}" for 0, "[KEY: 012]" for a code without a
 /// name.
 std::string KeyName(int code);

@@ -1,0 +1,68 @@
+#include "app/mShortcuts.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace korvane {
+namespace {
+
+struct Row {
+    const char* command;
+    QKeySequence::StandardKey key;
+    const char* otherwise;  ///< where the desktop knows none
+};
+
+constexpr Row kRows[] = {
+    {"mnuNew", QKeySequence::New, "Ctrl+N"},
+    {"mnuOpen", QKeySequence::Open, "Ctrl+O"},
+    {"mnuSave", QKeySequence::Save, "Ctrl+S"},
+    {"mnuSaveAs", QKeySequence::SaveAs, "Ctrl+Shift+S"},
+    {"mnuExit", QKeySequence::Quit, "Ctrl+Q"},
+    {"mnuUndo", QKeySequence::Undo, "Ctrl+Z"},
+    {"mnuRedo", QKeySequence::Redo, "Ctrl+Shift+Z"},
+    {"mnuCopy", QKeySequence::Copy, "Ctrl+C"},
+    {"mnuPaste", QKeySequence::Paste, "Ctrl+V"},
+    {"mnuSelect", QKeySequence::Find, "Ctrl+F"},
+    {"mnuUnSelect", QKeySequence::Deselect, "Ctrl+Shift+A"},
+    {"mnuDelete", QKeySequence::Delete, "Del"},
+    {"mnuPreferences", QKeySequence::Preferences, "Ctrl+,"},
+    {"mnuHelpContents", QKeySequence::HelpContents, "F1"},
+};
+
+using Shortcuts = std::array<QKeySequence, std::size(kRows)>;
+
+/// Row by row.
+const Shortcuts& AllShortcuts() {
+    static const Shortcuts all = [] {
+        Shortcuts shortcuts;
+        std::ranges::transform(kRows, shortcuts.begin(), [](const Row& row) {
+            const QKeySequence known(row.key);
+            return known.isEmpty() ? QKeySequence(row.otherwise) : known;
+        });
+        return shortcuts;
+    }();
+    return all;
+}
+
+}  // namespace
+
+QKeySequence ShortcutOf(std::string_view command) {
+    const auto row = std::ranges::find(kRows, command, &Row::command);
+    if (row == std::end(kRows)) return {};
+    return AllShortcuts()[static_cast<std::size_t>(row - std::begin(kRows))];
+}
+
+bool IsShortcut(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const QKeySequence pressed(QKeyCombination(modifiers, static_cast<Qt::Key>(event.key())));
+    return std::ranges::find(AllShortcuts(), pressed) != AllShortcuts().end();
+}
+
+int KeyAlone(const QKeySequence& shortcut) {
+    const QKeyCombination first = shortcut[0];
+    return first.keyboardModifiers() == Qt::NoModifier ? first.key() : 0;
+}
+
+}  // namespace korvane
