@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QTimer>
 #include <QUrl>
+#include <utility>
 
 #include "app/frmArbitrarySize.h"
 #include "app/frmExportSourceCode.h"
@@ -23,6 +24,7 @@
 #include "editor/mSettings.h"
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
+#include "editor/mViewPointer.h"
 #include "textures/ui/ucTextureList.h"
 #include "views/ui/ucPreview.h"
 #include "widgets/ucStatusBar.h"
@@ -103,11 +105,23 @@ bool frmMain::StartUp(ContextMaker makeContext) {
 void frmMain::RequestRedraw(unsigned redrawSet) {
     workspace_->MarkDirty(redrawSet);
     autosave_.NoteActivity();
+    constexpr unsigned kViews = RedrawTop | RedrawLeft | RedrawFront;
+    if (redrawSet & (kViews | kViews * RedrawSelectionTop)) TellSelectionLater();
+}
+
+/// Once for all steps of a drag that come between two turns of the event loop.
+void frmMain::TellSelectionLater() {
+    if (std::exchange(selectionStale_, true)) return;
+    WhenIdle([this] {
+        selectionStale_ = false;
+        ShowStatus(5, SelectionText(editor_.scene));
+    });
 }
 
 void frmMain::ShowCommandStates() {
     autosave_.NoteActivity();
     actions_->Refresh();
+    workspace_->ShowPointers();
     setWindowTitle(QString::fromStdString(WindowTitle(editor_)));
 }
 

@@ -76,6 +76,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     std::unique_ptr<KeyInput> keyInput_;  ///< goes before the controls it watches
     QPointer<frmFreeRotate> freeRotate_;  ///< null or closed: not open
     QPointer<frmMultiply> multiply_;
+    bool selectionStale_ = false;  ///< the status bar is to tell the selection anew
 };
 
 }  // namespace korvane

@@ -70,6 +70,9 @@ bool KeyInput::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
+            // Ctrl and Shift change what a press would do; the state is new after the event.
+            QMetaObject::invokeMethod(&workspace_, &ucWorkspace::ShowPointers,
+                                      Qt::QueuedConnection);
             if (IsForViews(watched)) return HandleKey(*static_cast<QKeyEvent*>(event));
             break;
         case QEvent::ShortcutOverride:

@@ -114,6 +114,10 @@ void ucWorkspace::RefreshPropertyPanel() {
     properties_->Refresh();
 }
 
+void ucWorkspace::ShowPointers() {
+    for (ucView* view : pbView_) view->ShowPointer();
+}
+
 void ucWorkspace::FocusViews() {
     pbFocusKeeper_->setFocus(Qt::OtherFocusReason);
 }

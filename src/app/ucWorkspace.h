@@ -37,6 +37,9 @@ class ucWorkspace final : public QWidget {
     /// Fills the property panel from the selection.
     void RefreshPropertyPanel();
 
+    /// Shows over the 2D views what a press would do now.
+    void ShowPointers();
+
     /// Gives the keyboard focus to the views.
     void FocusViews();
 

@@ -34,12 +34,23 @@ struct ViewGesture {
     bool movesMarker = false;           ///< a left press took hold of the rotation marker
     bool dragging = false;              ///< the left button is down
     bool moved = false;                 ///< the left button has dragged since its press
-    bool panning = false;               ///< the right button is down
-    bool panned = false;                ///< the right button has dragged since its press
+    bool panning = false;               ///< the right or the middle button is down
+    bool panned = false;                ///< it has dragged since its press
+    bool unselects = false;             ///< it was the right one: a click unselects
     int view = 0;                       ///< the view of the press
     std::int16_t editMode = BrushMove;  ///< at the press
     MoveOrigin origin;                  ///< what a drag of the selection moves, from where
     Vec3 markerStart;                   ///< the marker at the press
+};
+
+/// What the wheel turns about in a 2D view.
+struct WheelZoom {
+    int view = -1;
+    float x = 0;  ///< pixel position of the mouse
+    float y = 0;
+    Vec3 point;       ///< world point that stays there
+    double zoom = 0;  ///< before rounding, pixels per world unit
+    ViewState left;   ///< the view as the last turn left it
 };
 
 /// State of the mouse gesture on the depth gauge.
@@ -92,6 +103,7 @@ struct Editor {
     Vec3 CursorPoint;  ///< world point under the mouse
     ViewGesture gesture;
     GaugeGesture gaugeGesture;
+    WheelZoom wheelZoom;
     KeyBoard keyBoard;
     MouseLook mouseLook;
 

@@ -24,7 +24,8 @@ bool IsRunning(const ViewGesture& gesture) {
 /// The button whose release ends the running gesture.
 MouseButton OwnButton(const ViewGesture& gesture) {
     if (gesture.dragging) return MouseButton::Left;
-    return gesture.panning ? MouseButton::Right : MouseButton::None;
+    if (!gesture.panning) return MouseButton::None;
+    return gesture.unselects ? MouseButton::Right : MouseButton::Middle;
 }
 
 Vec3 Snapped(const Editor& editor, const Vec3& point) {
@@ -162,6 +163,7 @@ void MoveMarker(Editor& editor) {
     editor.host.RequestRedraw(RedrawMoveStep);
 }
 
+/// The press may have been meant to select; now it is a move.
 void MoveSelection(Editor& editor) {
     if (std::exchange(editor.gesture.undoStep, false)) RenameUndoStep(editor, kMoveCaption);
     MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor),
@@ -192,7 +194,7 @@ void FinishDrag(Editor& editor) {
 }
 
 void FinishPan(Editor& editor) {
-    if (editor.gesture.panned) return;
+    if (editor.gesture.panned || !editor.gesture.unselects) return;
     UnSelect(editor.scene);
     RefreshAll(editor);
 }
@@ -215,7 +217,8 @@ void PressView(Editor& editor, int view, const MouseInput& mouse) {
     gesture.undoStep = false;
     ScreenToWorld(editor.views[view], view, mouse.x, mouse.y, gesture.dragStart);
     editor.CursorPoint = gesture.dragStart;
-    gesture.panning = mouse.button == MouseButton::Right;
+    gesture.unselects = mouse.button == MouseButton::Right;
+    gesture.panning = gesture.unselects || mouse.button == MouseButton::Middle;
     if (mouse.button == MouseButton::Left) PressLeft(editor, mouse);
 }
 

@@ -1,5 +1,10 @@
 #include "editor/mViews.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "base/Rounding.h"
+
 namespace korvane {
 namespace {
 
@@ -13,6 +18,20 @@ void ZoomAll(Editor& editor, std::int32_t newZoom) {
     if (newZoom == editor.views[TopView].zoom) return;
     ForEachView(editor, [newZoom](ViewState& view) { ZoomView(view, newZoom); });
     RedrawAllViews(editor);
+}
+
+/// Whether the wheel goes on turning where it turned last.
+bool GoesOn(const WheelZoom& wheel, const ViewState& state, int view, const MouseInput& mouse) {
+    return wheel.view == view && wheel.x == mouse.x && wheel.y == mouse.y && wheel.left == state;
+}
+
+/// Rounding at a small zoom would be seen at a large one: steps count from the first.
+void AimWheel(Editor& editor, int view, const MouseInput& mouse) {
+    WheelZoom& wheel = editor.wheelZoom;
+    const ViewState& state = editor.views[static_cast<std::size_t>(view)];
+    if (GoesOn(wheel, state, view, mouse)) return;
+    wheel = {view, mouse.x, mouse.y, {}, static_cast<double>(state.zoom), state};
+    ScreenToWorld(state, view, mouse.x, mouse.y, wheel.point);
 }
 
 }  // namespace
@@ -34,6 +53,22 @@ void ZoomIn(Editor& editor) {
 
 void ZoomOut(Editor& editor) {
     ZoomAll(editor, ZoomedOut(editor.views[TopView].zoom));
+}
+
+void TurnWheel(Editor& editor, int view, const MouseInput& mouse, double notches) {
+    constexpr double kFactor = 1.2;  // a notch
+    AimWheel(editor, view, mouse);
+    WheelZoom& wheel = editor.wheelZoom;
+    ViewState& state = editor.views[static_cast<std::size_t>(view)];
+    wheel.zoom =
+        std::clamp(wheel.zoom * std::pow(kFactor, notches), double{kMinZoom}, double{kMaxZoom});
+    const std::int32_t zoom = RoundToInt(wheel.zoom);
+    if (zoom == state.zoom) return;
+    const ViewState before = state;
+    ZoomAll(editor, zoom);
+    state = before;
+    ZoomViewAbout(state, view, zoom, wheel.point, wheel.x, wheel.y);
+    wheel.left = state;
 }
 
 void ResetZoom(Editor& editor) {

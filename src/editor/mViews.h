@@ -1,7 +1,7 @@
 // Operations on all views of a session: reset, zoom, layout.
 #pragma once
 
-#include "editor/Editor.h"
+#include "editor/mViewGestures.h"
 
 namespace korvane {
 
@@ -14,6 +14,11 @@ void UpdateViewOrigins(Editor& editor);
 /// One zoom step for the three views and the gauge; nothing at the end of the range.
 void ZoomIn(Editor& editor);
 void ZoomOut(Editor& editor);
+
+/// Turns the wheel over view 0..2 by that many notches, up to zoom in, at the place of the mouse.
+/// What lies there stays there, however far the wheel is turned before the mouse moves; the other
+/// views and the gauge zoom about their middles.
+void TurnWheel(Editor& editor, int view, const MouseInput& mouse, double notches);
 
 /// Zoom 80 everywhere; pan and origin stay.
 void ResetZoom(Editor& editor);

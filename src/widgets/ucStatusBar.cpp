@@ -7,6 +7,9 @@ namespace korvane {
 namespace {
 
 constexpr int kMargin = 6;  // pixels beside the text
+constexpr int kSelectionPanel = 5;
+constexpr int kTextShare = 3;  // of the room that the read-outs leave
+constexpr int kSelectionShare = 2;
 constexpr const char* kWidestReadOut = "HI: -0000.00";
 
 }  // namespace
@@ -47,9 +50,11 @@ ucStatusBar::ucStatusBar(QWidget* parent) : QStatusBar(parent) {
     const int readOut = fontMetrics().horizontalAdvance(kWidestReadOut) + 4 * kMargin;
     for (int i = 0; i < kPanels; ++i) {
         panels_[i] = new StatusPanel(this, i);
-        if (i > 0) panels_[i]->setFixedWidth(readOut);
-        addWidget(panels_[i], i == 0 ? 1 : 0);
+        const int stretch = i == 0 ? kTextShare : i == kSelectionPanel ? kSelectionShare : 0;
+        if (stretch == 0) panels_[i]->setFixedWidth(readOut);
+        addWidget(panels_[i], stretch);
     }
+    panels_[kSelectionPanel]->setToolTip(tr("Size and middle of the selected brushes"));
 }
 
 void ucStatusBar::SetText(int panel, const QString& text) {

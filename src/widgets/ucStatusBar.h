@@ -1,4 +1,5 @@
-// The status bar: five sunken panels, a wide one for texts and four for read-outs.
+// The status bar: six sunken panels, a wide one for texts, four for read-outs and one for the
+// selection.
 #pragma once
 
 #include <QStatusBar>
@@ -12,15 +13,15 @@ class ucStatusBar final : public QStatusBar {
     Q_OBJECT
 
   public:
-    static constexpr int kPanels = 5;
+    static constexpr int kPanels = 6;
 
     explicit ucStatusBar(QWidget* parent = nullptr);
 
-    /// Shows the text in a panel of 0..4; any other panel is ignored. A text that is too long for
+    /// Shows the text in a panel of 0..5; any other panel is ignored. A text that is too long for
     /// its panel ends in an ellipsis.
     void SetText(int panel, const QString& text);
 
-    /// The text of a panel of 0..4, in full.
+    /// The text of a panel of 0..5, in full.
     QString Text(int panel) const;
 
   private:

@@ -69,6 +69,15 @@ void ScreenToWorld(const ViewState& state, int view, double x, double y, Vec3& p
     point.*axes.vertical = static_cast<float>(down / state.zoom);
 }
 
+void ZoomViewAbout(ViewState& state, int view, std::int32_t newZoom, const Vec3& point, double x,
+                   double y) {
+    state.zoom = newZoom;
+    const ScreenPoint lies = WorldToScreen(state, view, point);
+    state.panX = RoundToInt(state.panX + x - lies.x);
+    state.panY = RoundToInt(state.panY + y - lies.y);
+    UpdateViewOrigin(state);
+}
+
 float SnapToGrid(float value, float snapSize) {
     const double step = snapSize;
     if (!(step > 0)) return value;

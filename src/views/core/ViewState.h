@@ -58,6 +58,10 @@ std::int32_t ZoomedOut(std::int32_t zoom);
 /// Sets a new zoom and pans so that the whole world unit nearest to the view's centre stays there.
 void ZoomView(ViewState& view, std::int32_t newZoom);
 
+/// Sets a new zoom and pans so that the world point of view 0..2 lies at (x, y), to half a pixel.
+void ZoomViewAbout(ViewState& state, int view, std::int32_t newZoom, const Vec3& point, double x,
+                   double y);
+
 /// Where a world point lies in view 0..2 (Top: X right, Z down; Left: Z right, Y up; Front: X
 /// right, Y up).
 ScreenPoint WorldToScreen(const ViewState& state, int view, const Vec3& point);

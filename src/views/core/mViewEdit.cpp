@@ -137,6 +137,20 @@ void PickEdgesAt(Scene& scene, int view, const Vec3& point, float pickerSize, bo
     SetFlagsAt(scene, view, ends, select);
 }
 
+bool IsVertexNear(const Scene& scene, int view, const Vec3& point, float pickerSize) {
+    const FlatPoint picked = Flat(view, point);
+    const auto isNear = [&](const Vertex& vertex) {
+        return IsNear(Flat(view, vertex.Position()), picked, pickerSize);
+    };
+    return std::ranges::any_of(scene.brushes, [&](const Brush& brush) {
+        return brush.selected && std::ranges::any_of(brush.vertices, isNear);
+    });
+}
+
+bool IsEdgeNear(const Scene& scene, int view, const Vec3& point, float pickerSize) {
+    return !EdgeEndsAt(scene, view, point, pickerSize).empty();
+}
+
 MoveOrigin OriginOfBrushes(const Scene& scene) {
     return OriginOf(scene, [](const Vertex&) { return true; });
 }

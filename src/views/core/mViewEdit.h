@@ -21,6 +21,10 @@ void PickVerticesAt(Scene& scene, int view, const Vec3& point, float pickerSize,
 /// What coincides with an end in the view is picked with it, in other selected brushes too.
 void PickEdgesAt(Scene& scene, int view, const Vec3& point, float pickerSize, bool select);
 
+/// Whether a pick there would meet a vertex, or an edge, of a selected brush.
+bool IsVertexNear(const Scene& scene, int view, const Vec3& point, float pickerSize);
+bool IsEdgeNear(const Scene& scene, int view, const Vec3& point, float pickerSize);
+
 /// The selected brushes and where those of their vertices that move lay at the start of a drag.
 /// Every step places the vertices anew from there: whatever path the mouse takes, no rounding of an
 /// earlier step is left, and what comes back lies where it was to the bit.

@@ -25,4 +25,9 @@ MouseInput ToMouseInput(const QMouseEvent& event, Qt::MouseButtons buttons) {
             static_cast<float>(event.position().x()), static_cast<float>(event.position().y())};
 }
 
+MouseInput ToMouseInput(const QPointF& position, Qt::KeyboardModifiers modifiers) {
+    return {MouseButton::None, ToModifiers(modifiers), static_cast<float>(position.x()),
+            static_cast<float>(position.y())};
+}
+
 }  // namespace korvane

@@ -13,6 +13,10 @@ class ucView : public ucSurface {
   public:
     ucView(Editor& editor, int view, QWidget* parent = nullptr);
 
+    /// Gives the pointer over the view the shape of what a press would do; to be called when that
+    /// may have changed while the mouse stood still.
+    void ShowPointer();
+
   protected:
     void Compose(PaintSurface& surface) override;
     void ComposeSelection(PaintSurface& surface) override;
@@ -21,8 +25,11 @@ class ucView : public ucSurface {
     void Move(const MouseInput& mouse) override;
     void Release(const MouseInput& mouse) override;
     void Cancel() override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
+    void ShowPointer(const MouseInput& mouse);
+
     int view_;
     Backdrop backdrop_;  ///< of the drag that moves the selection
 };
