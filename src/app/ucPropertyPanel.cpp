@@ -135,6 +135,12 @@ void ucPropertyPanel::AddTexture(QVBoxLayout* column) {
     using P = ShownProperties;
     {
         Rows rows(column);
+        lblFaceTexture_ = Label("lblFaceTexture", "Texture:");
+        txtFaceTexture_ = TextBox("txtFaceTexture", "Texture");
+        txtFaceTexture_->setReadOnly(true);
+        txtFaceTexture_->setFocusPolicy(Qt::NoFocus);
+        txtFaceTexture_->installEventFilter(this);
+        rows.Add(lblFaceTexture_, txtFaceTexture_);
         rows.Add(chkTexLocal_ =
                      AddFlag("chkTexLocal", "Local Coordinates", &P::localCoords, SetLocalCoords));
         offset_ = AddNumbers("lblOffset", "Offset:", "txtTextureOffset", SetTextureOffset);
@@ -237,6 +243,7 @@ void ucPropertyPanel::Refresh() {
         const QScopedValueRollback showing(showing_, true);
         const ShownProperties shown = PropertiesOf(editor_.scene);
         ShowNames(shown);
+        ShowTexture(shown);
         ShowFlags(shown);
         ShowLevel(transparency_, shown.transparency);
         ShowLevel(rotation_, shown.rotation);
@@ -255,6 +262,20 @@ void ucPropertyPanel::ShowNames(const ShownProperties& shown) {
     lblBrushName_->setEnabled(shown.selectedBrushes == 1);
     lblBrushGroup_->setEnabled(shown.selectedBrushes > 0);
     txtBrushGroup_->setEnabled(shown.selectedBrushes > 0);
+}
+
+void ucPropertyPanel::ShowTexture(const ShownProperties& shown) {
+    const bool any = shown.selectedBrushes > 0;
+    texture_ = shown.texture;
+    const std::string name = texture_ ? editor_.textures.TextureName(*texture_)
+                                      : std::string(any ? kMultipleTextures : "");
+    txtFaceTexture_->setText(QString::fromStdString(name));
+    txtFaceTexture_->setCursorPosition(0);
+    txtFaceTexture_->setToolTip(texture_ ? txtFaceTexture_->text() + "\n" +
+                                               tr("Double-click shows it in the texture list")
+                                         : QString());
+    txtFaceTexture_->setEnabled(any);
+    lblFaceTexture_->setEnabled(any);
 }
 
 void ucPropertyPanel::ShowFlags(const ShownProperties& shown) {
@@ -287,6 +308,11 @@ void ucPropertyPanel::EnableDependents() {
 }
 
 bool ucPropertyPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == txtFaceTexture_) {
+        const bool asked = event->type() == QEvent::MouseButtonDblClick && texture_;
+        if (asked) emit TextureAsked(*texture_);
+        return asked;
+    }
     if (event->type() == QEvent::FocusIn) editor_.host.FocusViews();
     if (event->type() == QEvent::Wheel) {
         event->ignore();

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "editor/mPropertyEdits.h"
@@ -28,6 +29,10 @@ class ucPropertyPanel final : public QWidget {
     /// keeps its place. While the mouse holds the transparency slider its box keeps its state: at
     /// 0 % it would disable the slider under the hand.
     void Refresh();
+
+  signals:
+    /// The read-out of the faces' texture was double-clicked.
+    void TextureAsked(std::int32_t index);
 
   protected:
     /// Keeps focus and wheel from the sliders: keys belong to the views, and the wheel, which
@@ -69,6 +74,7 @@ class ucPropertyPanel final : public QWidget {
     void FlagClicked(QCheckBox* box, EditFlag edit);
     void RotateClicked();
     void ShowNames(const ShownProperties& shown);
+    void ShowTexture(const ShownProperties& shown);
     void ShowFlags(const ShownProperties& shown);
     void ShowLevel(const Level& level, std::int32_t value);
     void EnableDependents();
@@ -79,6 +85,9 @@ class ucPropertyPanel final : public QWidget {
     QLabel* lblBrushGroup_ = nullptr;
     QLineEdit* txtBrushName_ = nullptr;
     QLineEdit* txtBrushGroup_ = nullptr;
+    QLabel* lblFaceTexture_ = nullptr;
+    QLineEdit* txtFaceTexture_ = nullptr;
+    std::optional<std::int32_t> texture_;  ///< that the read-out shows
     QCheckBox* chkTexLocal_ = nullptr;
     std::vector<Flag> flags_;
     Level transparency_{};

@@ -50,6 +50,7 @@ ucWorkspace::ucWorkspace(Editor& editor, RenderContext& context, TextureObjects&
     pbOpenGL_->setObjectName("pbOpenGL");
     textureList_ = new ucTextureList(editor, this);
     textureList_->setObjectName("ucTextureList");
+    connect(properties_, &ucPropertyPanel::TextureAsked, textureList_, &ucTextureList::ShowTexture);
     grip_ = new ucSplitGrip(kGripHandle, kGripGap, this);
     connect(grip_, &ucSplitGrip::Dragged, this, &ucWorkspace::MoveSplit);
 }

@@ -53,6 +53,7 @@ class FaceSummary {
         shown.transparency = transparency_.first;
         shown.rotation = rotation_.first;
         shown.offsets = {TextOf(offsetX_, 0), TextOf(offsetY_, 0)};
+        if (texture_.same) shown.texture = texture_.first;
         shown.repeats = {TextOf(repeatX_, 1), TextOf(repeatY_, 1)};
     }
 
@@ -70,11 +71,12 @@ class FaceSummary {
         action(rotation_, face.rotation);
         action(flipped_, bool{face.flipped});
         action(mirrored_, bool{face.mirrored});
+        action(texture_, face.texture);
     }
 
     bool empty_ = true;
     Common<bool> invisible_, smooth_, localCoords_, flipped_, mirrored_;
-    Common<std::int32_t> transparency_, rotation_;
+    Common<std::int32_t> transparency_, rotation_, texture_;
     Common<float> offsetX_, offsetY_;
     Common<float> repeatX_{1}, repeatY_{1};
 };

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,10 @@ namespace korvane {
 inline constexpr std::int32_t kMostTransparency = 100;  ///< percent
 inline constexpr std::int32_t kMostRotation = 360;      ///< degrees
 
-/// What the name and group boxes show of several brushes.
+/// What the boxes of name, group and texture show of several brushes or faces.
 inline constexpr const char* kMultipleBrushes = "*Multiple Brushes*";
 inline constexpr const char* kMultipleGroups = "*Multiple Groups*";
+inline constexpr const char* kMultipleTextures = "*Multiple Textures*";
 
 /// State of a check box.
 enum class Check { Unchecked, Checked, Mixed };
@@ -36,10 +38,11 @@ struct ShownProperties {
     Check rotated = Check::Unchecked;
     Check flipped = Check::Unchecked;
     Check mirrored = Check::Unchecked;
-    std::int32_t transparency = 0;       ///< percent; common to all where transparent is Checked
-    std::int32_t rotation = 0;           ///< degrees; common to all where rotated is Checked
-    std::array<std::string, 2> offsets;  ///< X and Y, "0" where they differ
-    std::array<std::string, 2> repeats;  ///< X and Y, "1" where they differ
+    std::int32_t transparency = 0;        ///< percent; common to all where transparent is Checked
+    std::int32_t rotation = 0;            ///< degrees; common to all where rotated is Checked
+    std::array<std::string, 2> offsets;   ///< X and Y, "0" where they differ
+    std::array<std::string, 2> repeats;   ///< X and Y, "1" where they differ
+    std::optional<std::int32_t> texture;  ///< common to all
 };
 
 /// What the panel shows of the scene, in one pass over its selected brushes.

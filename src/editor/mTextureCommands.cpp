@@ -27,8 +27,9 @@ void TextureClicked(Editor& editor, std::int32_t index) {
     if (CountSelectedBrushes(editor.scene) == 0) return;
     const bool assigned = AssignClicked(editor);
     editor.host.RequestRedraw(RedrawPreview);
-    // The snapshot marked the scene as modified: the title shows it.
-    if (assigned) editor.host.ShowCommandStates();
+    if (!assigned) return;
+    editor.host.ShowCommandStates();  // the snapshot marked the scene as modified
+    editor.host.RefreshPropertyPanel();
 }
 
 }  // namespace korvane

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -147,11 +148,43 @@ TEST_F(TextureListTest, SelectingFromOutsideTellsNobody) {
 }
 
 TEST_F(TextureListTest, TheTooltipNamesTheThumbnail) {
-    EXPECT_EQ(ToolTipAt(Place(0)), "NO Material");
+    EXPECT_EQ(ToolTipAt(Place(0)), "NO Material\n64 x 64");
     Bar().setValue(2);
-    EXPECT_EQ(ToolTipAt(Place(1)), "t3");
+    EXPECT_EQ(ToolTipAt(Place(1)), "t3\n32 x 64");
     ToolTipAt({kThumbnailLeft + kThumbnailPitch - 3, 40});
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << "none in the gap";
+}
+
+TEST_F(TextureListTest, TheFilterLeavesWhatHasItInItsName) {
+    auto* filter = list_.findChild<QLineEdit*>("txtTextureFilter");
+    ASSERT_NE(filter, nullptr);
+    Bar().setValue(4);
+    const QColor backdrop = QColor::fromRgb(Shown({1, 40}).rgb());
+    QSignalSpy clicks(&list_, &ucTextureList::Click);
+    QTest::keyClicks(filter, "T1");  // t1, t10, t11
+    EXPECT_EQ(Bar().value(), 0);
+    EXPECT_FALSE(Bar().isEnabled());
+    EXPECT_EQ(Shown(Place(1)), ColorOf(10));
+    EXPECT_EQ(Shown(Place(3)), backdrop);
+    EXPECT_EQ(ToolTipAt(Place(2)), "t11\n32 x 64");
+    QTest::mouseClick(&list_, Qt::LeftButton, {}, Place(3));
+    QTest::mouseClick(&list_, Qt::LeftButton, {}, Place(2));
+    ASSERT_EQ(clicks.size(), 1);
+    EXPECT_EQ(clicks[0][0].toInt(), 11);
+    QTest::keyClick(&list_, Qt::Key_Left);
+    QTest::keyClick(&list_, Qt::Key_Space);
+    EXPECT_EQ(editor.textures.Selected(), 10) << "the mark moves among what is listed";
+    list_.ShowTexture(11);
+    EXPECT_EQ(filter->text(), "T1");
+    list_.ShowTexture(9);
+    EXPECT_EQ(filter->text(), "") << "it would hide it";
+    EXPECT_EQ(editor.textures.Selected(), 9);
+    EXPECT_EQ(Bar().value(), 5) << "scrolled wholly into view";
+    filter->setText("brick");
+    EXPECT_EQ(Shown(Place(0)).rgb() == ColorOf(0).rgb(), false);
+    QTest::keyClick(&list_, Qt::Key_Space);
+    QTest::keyClick(&list_, Qt::Key_Right);
+    EXPECT_EQ(editor.textures.Selected(), 9) << "there is nothing to choose";
 }
 
 TEST_F(TextureListTest, TheWheelScrollsByWholeSteps) {

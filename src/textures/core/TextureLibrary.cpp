@@ -46,4 +46,13 @@ const Material& TextureLibrary::Entry(std::int32_t index) const {
     return Holds(index) ? materials_[index] : none;
 }
 
+std::vector<std::int32_t> TextureLibrary::EntriesWith(std::string_view text) const {
+    const std::string wanted = LowerCase(text);
+    std::vector<std::int32_t> entries;
+    for (std::int32_t i = 0; i < ListCount(); ++i) {
+        if (LowerCase(TextureName(i)).find(wanted) != std::string::npos) entries.push_back(i);
+    }
+    return entries;
+}
+
 }  // namespace korvane

@@ -55,6 +55,10 @@ class TextureLibrary {
     /// Height in pixels; that of the placeholder for an index outside the table.
     std::int32_t TextureHeight(std::int32_t index) const { return Sized(index).TextureHeight; }
 
+    /// The entries with the text in their display name, ignoring letter case, in their order; all
+    /// for an empty text.
+    std::vector<std::int32_t> EntriesWith(std::string_view text) const;
+
     /// The first entry of that display name ignoring letter case; 0 when there is none.
     std::int32_t IDByName(std::string_view name) const;
 

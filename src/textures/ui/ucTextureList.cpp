@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -13,7 +14,8 @@
 namespace korvane {
 namespace {
 
-constexpr int kWheelStep = 120;  // eighths of a degree
+constexpr int kWheelStep = 120;    // eighths of a degree
+constexpr int kFilterWidth = 180;  // pixels, at most half the list
 
 QColor ToQt(Color color) {
     return {int(Red(color)), int(Green(color)), int(Blue(color))};
@@ -22,13 +24,21 @@ QColor ToQt(Color color) {
 }  // namespace
 
 ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
-    : QWidget(parent), editor_(editor), hsViewOffset_(new QScrollBar(Qt::Horizontal, this)) {
+    : QWidget(parent),
+      editor_(editor),
+      txtTextureFilter_(new QLineEdit(this)),
+      hsViewOffset_(new QScrollBar(Qt::Horizontal, this)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the views
     setAccessibleName(tr("Texture list"));
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     setFont(small);  // names have the width of a thumbnail
+    txtTextureFilter_->setObjectName("txtTextureFilter");
+    txtTextureFilter_->setAccessibleName(tr("Filter the textures"));
+    txtTextureFilter_->setPlaceholderText(tr("Filter by name"));
+    txtTextureFilter_->setClearButtonEnabled(true);
+    connect(txtTextureFilter_, &QLineEdit::textChanged, this, &ucTextureList::Filter);
     hsViewOffset_->setObjectName("hsViewOffset");
     hsViewOffset_->setAccessibleName(tr("Scroll the textures"));
     connect(hsViewOffset_, &QScrollBar::valueChanged, this, [this] { update(); });
@@ -47,11 +57,25 @@ void ucTextureList::AddThumbnail(const QImage& picture) {
 void ucTextureList::SelectTexture(std::int32_t index) {
     if (index < 0 || index >= editor_.textures.ListCount()) return;
     editor_.textures.SelectTexture(index);
-    mark_ = index;
     RefreshList();
+    mark_ = std::max(PlaceOf(index), 0);
+}
+
+void ucTextureList::ShowTexture(std::int32_t index) {
+    if (index >= 0 && index < editor_.textures.ListCount() && PlaceOf(index) < 0)
+        txtTextureFilter_->clear();
+    SelectTexture(index);
+    MoveMark(mark_);
+}
+
+void ucTextureList::Filter() {
+    RefreshList();
+    hsViewOffset_->setValue(0);
+    mark_ = std::max(PlaceOf(editor_.textures.Selected()), 0);
 }
 
 void ucTextureList::RefreshList() {
+    listed_ = editor_.textures.EntriesWith(txtTextureFilter_->text().toStdString());
     const TextureListLayout layout = Layout();
     hsViewOffset_->setRange(0, layout.scrollMaximum);
     hsViewOffset_->setPageStep(std::max(layout.visible, 1));
@@ -70,8 +94,26 @@ Color ucTextureList::ColorHighlight() const {
 }
 
 TextureListLayout ucTextureList::Layout() const {
-    return LayOutTextureList(width(), editor_.textures.ListCount(), editor_.textures.Selected(),
-                             hsViewOffset_->value());
+    return LayOutTextureList(width(), static_cast<std::int32_t>(listed_.size()),
+                             PlaceOf(editor_.textures.Selected()), hsViewOffset_->value());
+}
+
+/// Where the entry stands in the list, or -1.
+std::int32_t ucTextureList::PlaceOf(std::int32_t index) const {
+    const auto found = std::ranges::lower_bound(listed_, index);
+    const bool listed = found != listed_.end() && *found == index;
+    return listed ? static_cast<std::int32_t>(found - listed_.begin()) : -1;
+}
+
+/// The entry whose thumbnail lies there, or -1.
+std::int32_t ucTextureList::EntryAt(const QPoint& point) const {
+    const std::int32_t place = ThumbnailAt(Layout(), point.x(), point.y());
+    return place >= 0 ? listed_[static_cast<std::size_t>(place)] : -1;
+}
+
+/// Of the row with the filter box and the scroll bar.
+int ucTextureList::RowHeight() const {
+    return std::max(hsViewOffset_->sizeHint().height(), txtTextureFilter_->sizeHint().height());
 }
 
 int ucTextureList::NameHeight() const {
@@ -79,27 +121,30 @@ int ucTextureList::NameHeight() const {
 }
 
 QSize ucTextureList::sizeHint() const {
-    const int height = kThumbnailTop + kThumbnailSide + kHighlightReach + NameHeight() +
-                       hsViewOffset_->sizeHint().height();
+    const int height =
+        kThumbnailTop + kThumbnailSide + kHighlightReach + NameHeight() + RowHeight();
     return {kThumbnailPitch * 4, height};
 }
 
 void ucTextureList::resizeEvent(QResizeEvent*) {
-    const int barHeight = hsViewOffset_->sizeHint().height();
-    hsViewOffset_->setGeometry(0, height() - barHeight, width(), barHeight);
+    const int top = height() - RowHeight();
+    const int filter = std::min(kFilterWidth, width() / 2);
+    txtTextureFilter_->setGeometry(0, top, filter, RowHeight());
+    hsViewOffset_->setGeometry(filter, top, width() - filter, RowHeight());
     RefreshList();
 }
 
 void ucTextureList::PaintThumbnail(QPainter& painter, const TextureListLayout& layout,
-                                   std::int32_t index) {
-    const QRect place(ThumbnailLeft(layout, index), kThumbnailTop, kThumbnailSide, kThumbnailSide);
+                                   std::int32_t place) {
+    const std::int32_t index = listed_[static_cast<std::size_t>(place)];
+    const QRect square(ThumbnailLeft(layout, place), kThumbnailTop, kThumbnailSide, kThumbnailSide);
     if (static_cast<std::size_t>(index) < thumbnails_.size()) {
-        painter.drawImage(place.topLeft(), thumbnails_[static_cast<std::size_t>(index)]);
+        painter.drawImage(square.topLeft(), thumbnails_[static_cast<std::size_t>(index)]);
     }
     constexpr int kNameReach =
         (kThumbnailPitch - kThumbnailSide) / 2 - 1;  // nearly to the neighbour
-    const QRect line(place.left() - kNameReach, place.bottom() + 1 + kHighlightReach,
-                     place.width() + 2 * kNameReach, NameHeight());
+    const QRect line(square.left() - kNameReach, square.bottom() + 1 + kHighlightReach,
+                     square.width() + 2 * kNameReach, NameHeight());
     if (line.bottom() >= hsViewOffset_->y()) return;
     const QString name = QString::fromStdString(editor_.textures.TextureName(index));
     painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter,
@@ -118,6 +163,10 @@ void ucTextureList::paintEvent(QPaintEvent*) {
     }
     painter.setPen(qGray(backdrop.rgb()) < 128 ? Qt::white : Qt::black);
     for (std::int32_t i = layout.first; i <= layout.last; ++i) PaintThumbnail(painter, layout, i);
+    if (listed_.empty()) {
+        painter.drawText(rect().adjusted(0, 0, 0, -RowHeight()), Qt::AlignCenter,
+                         tr("No texture has this in its name"));
+    }
     if (hasFocus() && mark_ >= layout.first && mark_ <= layout.last) {
         painter.setPen(QPen(painter.pen().color(), 1, Qt::DotLine));
         painter.drawRect(ThumbnailLeft(layout, mark_), kThumbnailTop, kThumbnailSide - 1,
@@ -128,15 +177,19 @@ void ucTextureList::paintEvent(QPaintEvent*) {
 bool ucTextureList::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const TextureListLayout layout = Layout();
-    const std::int32_t index = ThumbnailAt(layout, help->pos().x(), help->pos().y());
+    const std::int32_t index = EntryAt(help->pos());
     if (index < 0) {
         QToolTip::hideText();
         return true;
     }
-    const QRect place(ThumbnailLeft(layout, index), kThumbnailTop, kThumbnailSide, kThumbnailSide);
+    const TextureLibrary& library = editor_.textures;
+    const QString size =
+        QString("%1 x %2").arg(library.TextureWidth(index)).arg(library.TextureHeight(index));
+    const QRect square(ThumbnailLeft(Layout(), PlaceOf(index)), kThumbnailTop, kThumbnailSide,
+                       kThumbnailSide);
     QToolTip::showText(help->globalPos(),
-                       QString::fromStdString(editor_.textures.TextureName(index)), this, place);
+                       QString::fromStdString(library.TextureName(index)) + "\n" + size, this,
+                       square);
     return true;
 }
 
@@ -147,10 +200,8 @@ void ucTextureList::Choose(std::int32_t index) {
 
 void ucTextureList::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    const QPoint at = event->position().toPoint();
-    if (const std::int32_t index = ThumbnailAt(Layout(), at.x(), at.y()); index >= 0) {
-        Choose(index);
-    }
+    const std::int32_t index = EntryAt(event->position().toPoint());
+    if (index >= 0) Choose(index);
 }
 
 void ucTextureList::wheelEvent(QWheelEvent* event) {
@@ -162,8 +213,8 @@ void ucTextureList::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-void ucTextureList::MoveMark(std::int32_t index) {
-    mark_ = std::clamp(index, 0, editor_.textures.ListCount() - 1);
+void ucTextureList::MoveMark(std::int32_t place) {
+    mark_ = std::clamp(place, 0, std::max(static_cast<std::int32_t>(listed_.size()) - 1, 0));
     const TextureListLayout layout = Layout();
     if (mark_ < layout.first) hsViewOffset_->setValue(mark_);
     // The last one shown may be cut off by the edge.
@@ -181,11 +232,12 @@ void ucTextureList::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Home:
             return MoveMark(0);
         case Qt::Key_End:
-            return MoveMark(editor_.textures.ListCount() - 1);
+            return MoveMark(static_cast<std::int32_t>(listed_.size()) - 1);
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return Choose(mark_);
+            if (!listed_.empty()) Choose(listed_[static_cast<std::size_t>(mark_)]);
+            return;
         default:
             QWidget::keyPressEvent(event);
     }

@@ -1,4 +1,5 @@
-// The texture browser at the bottom of the main window: a row of thumbnails to choose from.
+// The texture browser at the bottom of the main window: a row of thumbnails to choose from, and a
+// box that filters them by name.
 #pragma once
 
 #include <QImage>
@@ -8,6 +9,7 @@
 #include "editor/Editor.h"
 #include "textures/ui/mTextureListLayout.h"
 
+class QLineEdit;
 class QScrollBar;
 
 namespace korvane {
@@ -25,6 +27,9 @@ class ucTextureList : public QWidget {
 
     /// Selects the entry in the library and shows it; an index outside changes nothing.
     void SelectTexture(std::int32_t index);
+
+    /// The same, and brings it into sight: scrolls there, and drops a filter that hides it.
+    void ShowTexture(std::int32_t index);
 
     /// Brings scroll bar, thumbnails and highlight in line with library, selection and colours.
     void RefreshList();
@@ -52,14 +57,20 @@ class ucTextureList : public QWidget {
   private:
     TextureListLayout Layout() const;
     int NameHeight() const;
+    int RowHeight() const;
+    std::int32_t PlaceOf(std::int32_t index) const;
+    std::int32_t EntryAt(const QPoint& point) const;
+    void Filter();
     void Choose(std::int32_t index);
-    void MoveMark(std::int32_t index);
-    void PaintThumbnail(QPainter& painter, const TextureListLayout& layout, std::int32_t index);
+    void MoveMark(std::int32_t place);
+    void PaintThumbnail(QPainter& painter, const TextureListLayout& layout, std::int32_t place);
 
     Editor& editor_;
     std::vector<QImage> thumbnails_;
+    std::vector<std::int32_t> listed_;  ///< entries that pass the filter, place by place
+    QLineEdit* txtTextureFilter_;
     QScrollBar* hsViewOffset_;
-    std::int32_t mark_ = 0;  ///< entry that Space would choose
+    std::int32_t mark_ = 0;  ///< place of the entry that Space would choose
     int wheelRest_ = 0;      ///< eighths of a degree not yet turned into a step
 };
 
