@@ -1,8 +1,11 @@
 #include "app/frmMain.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QTimer>
 #include <QUrl>
 #include <utility>
@@ -20,6 +23,7 @@
 #include "app/mKeyInput.h"
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
+#include "editor/mFileOpenSave.h"
 #include "editor/mRecovery.h"
 #include "editor/mSettings.h"
 #include "editor/mTextureCommands.h"
@@ -40,6 +44,14 @@ namespace {
 
 constexpr QSize kDesignSize(1280, 960);
 constexpr QSize kLeastSize(640, 480);
+
+/// The one object file that is dragged; empty for anything else.
+QString DraggedObject(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || QApplication::activeModalWidget() != nullptr) return {};
+    const QString path = urls[0].toLocalFile();
+    return path.endsWith(".kvobject", Qt::CaseInsensitive) ? path : QString();
+}
 
 }  // namespace
 
@@ -62,6 +74,7 @@ frmMain::frmMain(Prompts& prompts, const std::string& programFolder, const std::
     connect(menuBar(), &QMenuBar::triggered, this, &frmMain::FocusViews);
     connect(menuBar(), &QMenuBar::hovered, this, &frmMain::DescribeItem);
     setMinimumSize(kLeastSize);
+    setAcceptDrops(true);
     resize(kDesignSize);
     ShowCommandStates();
 }
@@ -219,6 +232,19 @@ void frmMain::RunKeyBoardTimer() {
 
 void frmMain::CloseWindow() {
     close();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedObject(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+/// Later: a question must not keep the other program waiting for the end of the drop.
+void frmMain::dropEvent(QDropEvent* event) {
+    const std::string path = DraggedObject(*event->mimeData()).toStdString();
+    if (path.empty()) return;
+    const bool merge = event->modifiers().testFlag(Qt::ControlModifier);
+    event->acceptProposedAction();
+    WhenIdle([this, path, merge] { merge ? MergeFile(editor_, path) : OpenFile(editor_, path); });
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -56,6 +56,9 @@ class frmMain final : public QMainWindow, public EditorHost {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    /// An object file dropped on the window is opened, with Ctrl merged.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void BuildBars();

@@ -30,6 +30,7 @@ struct FileDialog {
     std::string defaultExtension;    ///< "kvobject", added to a name without one
     std::string proposedPath;        ///< may be empty
     std::string initialFolder = {};  ///< where it starts; empty: in the folder chosen last
+    bool showsObject = false;        ///< a picture of the chosen object stands beside the list
 };
 
 /// The door itself.

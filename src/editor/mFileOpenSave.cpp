@@ -112,7 +112,9 @@ LoadResult LoadObject(Editor& editor, const std::string& path, bool merge, bool 
                       bool withSelection) {
     LoadWay way{merge, isUndo, withSelection, false};
     if (!path.empty()) return LoadFrom(editor, path, way);
-    const auto chosen = editor.prompts.AskOpenPath(ObjectDialog("Open Object...", editor));
+    FileDialog dialog = ObjectDialog("Open Object...", editor);
+    dialog.showsObject = true;
+    const auto chosen = editor.prompts.AskOpenPath(dialog);
     if (!chosen || chosen->empty()) return LoadResult::Cancelled;
     way.becomesCurrent = !merge;
     if (!merge) AddRecentFile(editor, *chosen);
@@ -160,6 +162,14 @@ void OpenRecentFile(Editor& editor, std::size_t index) {
     const LoadResult result = LoadFrom(editor, path, {.becomesCurrent = true});
     if (result == LoadResult::Done || editor.CurrentObjectPath == path) editor.host.CloseForms();
     ReportLoad(editor, result);
+}
+
+void OpenFile(Editor& editor, const std::string& path) {
+    if (MayDropForOpen(editor)) OpenObjectFile(editor, path);
+}
+
+void MergeFile(Editor& editor, const std::string& path) {
+    ReportLoad(editor, LoadFrom(editor, path, {.merge = true}));
 }
 
 void OpenObjectFile(Editor& editor, const std::string& path) {

@@ -37,6 +37,11 @@ void SaveObjectAs(Editor& editor);
 /// Opens entry `index` of the recent files, with the question of OpenObject. The undo cache stays.
 void OpenRecentFile(Editor& editor, std::size_t index);
 
+/// Opens or merges a file that was dropped on the window: like OpenObject and MergeObject without
+/// their dialog.
+void OpenFile(Editor& editor, const std::string& path);
+void MergeFile(Editor& editor, const std::string& path);
+
 /// Opens the file named by the user outside the dialog (an argument of the program), like
 /// OpenObject without its question and dialog.
 void OpenObjectFile(Editor& editor, const std::string& path);

@@ -7,6 +7,8 @@
 #include <QMessageBox>
 #include <algorithm>
 
+#include "platform/ObjectView.h"
+
 namespace korvane {
 namespace {
 
@@ -99,6 +101,7 @@ std::optional<std::string> QtPrompts::AskOpenPath(const FileDialog& dialog) {
     QFileDialog box(Owner());
     box.setAcceptMode(QFileDialog::AcceptOpen);
     box.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.showsObject && picture_) AddObjectView(box, picture_);
     return Ask(box, dialog);
 }
 

@@ -5,6 +5,8 @@
 #include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -142,6 +144,34 @@ TEST_F(FileDialogTest, SavingOverAFileIsConfirmed) {
 TEST_F(FileDialogTest, CancellingGivesNoPath) {
     WhenOpen<QFileDialog>([](QFileDialog* open) { open->reject(); });
     EXPECT_EQ(prompts.AskOpenPath(dialog), std::nullopt);
+}
+
+TEST_F(FileDialogTest, TheChosenObjectIsShownBesideTheList) {
+    for (const char* name : {"a.kvobject", "b.kvobject"})
+        ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+    QStringList painted;
+    prompts.ShowObjectsBy([&](const QString& path, const QSize& pixels) {
+        painted += QFileInfo(path).fileName();
+        QImage picture(pixels, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        return path.contains("b.kv") ? picture : QImage();
+    });
+    dialog.initialFolder = folder.path().toStdString();
+    dialog.showsObject = true;
+    WhenOpen<QFileDialog>([&](QFileDialog* open) {
+        auto* view = open->findChild<QLabel*>("lblObjectPicture");
+        ASSERT_NE(view, nullptr);
+        EXPECT_EQ(view->text(), "Choose an object");
+        emit open->currentChanged(folder.filePath("a.kvobject"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view->text() == "No picture"; }, 2000));
+        emit open->currentChanged(folder.filePath("a.kvobject"));
+        emit open->currentChanged(folder.filePath("b.kvobject"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return painted.size() == 2; }, 2000));
+        EXPECT_EQ(view->grab().toImage().pixelColor(120, 90), QColor(Qt::red));
+        open->reject();
+    });
+    EXPECT_EQ(prompts.AskOpenPath(dialog), std::nullopt);
+    EXPECT_EQ(painted, (QStringList{"a.kvobject", "b.kvobject"})) << "not what was passed over";
 }
 
 }  // namespace

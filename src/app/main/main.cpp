@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/frmMain.h"
+#include "app/mObjectPicture.h"
 #include "base/Version.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mRestore.h"
@@ -61,6 +62,10 @@ int main(int argc, char** argv) {
     korvane::frmMain window(prompts, folders.shipped, folders.data);
     QApplication::setWindowIcon(QIcon(":/icons/korvane.svg"));
     if (!window.StartUp()) return 1;
+    korvane::ObjectPainter painter(window.Session(), window.Context(), window.Textures());
+    prompts.ShowObjectsBy([&painter](const QString& path, const QSize& pixels) {
+        return painter.Paint(path.toStdString(), pixels);
+    });
     window.show();
     // What is restored has changes that opening a file would drop.
     if (!korvane::OfferRecovery(window.Session())) OpenArgument(window.Session());

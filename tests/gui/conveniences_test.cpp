@@ -1,0 +1,161 @@
+// What makes the window handy: what it tells beside the work, and files that come from outside.
+#include <gmock/gmock.h>
+
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProcess>
+
+#include "EditingFixture.h"
+#include "app/mObjectPicture.h"
+#include "editor/mFileOpenSave.h"
+#include "textures/ui/ucTextureList.h"
+#include "views/ui/ucPreview.h"
+#include "widgets/ucStatusBar.h"
+
+namespace korvane::test {
+namespace {
+
+class ConveniencesTest : public EditingTest {
+  protected:
+    std::string Status(int panel) {
+        QTest::qWait(60);
+        return Find<ucStatusBar>("StatusBar")->Text(panel).toStdString();
+    }
+
+    void X(const QStringList& arguments) {
+        ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << "xdotool is needed";
+        QTest::qWait(60);
+    }
+
+    /// The session's object in a file of the folder.
+    std::string Saved(const char* name) {
+        const std::string path = PathOf(name);
+        EXPECT_TRUE(SaveObject(Session(), path));
+        return path;
+    }
+
+    /// Whether the window takes what is dropped; the drop follows.
+    bool Drop(const QList<QUrl>& urls, Qt::KeyboardModifiers keys = {}) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter({400, 400}, Qt::CopyAction, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(window.get(), &enter);
+        QDropEvent drop({400, 400}, Qt::CopyAction, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(window.get(), &drop);
+        QTest::qWait(20);
+        return enter.isAccepted();
+    }
+};
+
+TEST_F(ConveniencesTest, TheMenuTellsWhatUndoWouldTakeBack) {
+    X({"key", "alt+e"});
+    EXPECT_EQ(Status(0), "Undo: Create Brush");
+    X({"key", "Return", "key", "alt+e"});
+    EXPECT_EQ(Session().scene.brushCount(), 1);
+    X({"key", "Down"});
+    EXPECT_EQ(Status(0), "Redo: Create Brush");
+    X({"key", "Return"});
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_FALSE(Enabled("mnuRedo"));
+}
+
+TEST_F(ConveniencesTest, TheStatusBarTellsTheSelection) {
+    EXPECT_EQ(Status(5), "");
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_EQ(Status(5), "1.0 x 2.0 x 2.0 at -1.5, 1.0, 0.0");
+    DragTop({-1.5F, 0, 0}, {-1, 0, 0});
+    EXPECT_EQ(Status(5), "1.0 x 2.0 x 2.0 at -1.0, 1.0, 0.0");
+    Choose("mnuUnSelect");
+    EXPECT_EQ(Status(5), "");
+}
+
+TEST_F(ConveniencesTest, ThePointerFollowsKeysAndSelection) {
+    QWidget* top = View(TopView);
+    const auto shape = [&] { return top->cursor().shape(); };
+    QCursor::setPos(top->mapToGlobal(At(TopView, {-1.5F, 0, 0})));
+    QTest::qWait(60);
+    EXPECT_EQ(shape(), Qt::CrossCursor);
+    X({"keydown", "Control_L"});
+    EXPECT_EQ(shape(), Qt::PointingHandCursor);
+    X({"click", "1", "keyup", "Control_L"});
+    EXPECT_EQ(Selected(), "*-");
+    EXPECT_EQ(shape(), Qt::SizeAllCursor);
+    X({"key", "f"});
+    EXPECT_EQ(shape(), Qt::ArrowCursor);
+    const std::int32_t pan = Session().views[TopView].panX;
+    X({"mousedown", "2", "mousemove_relative", "25", "0"});
+    EXPECT_EQ(shape(), Qt::ClosedHandCursor);
+    X({"mouseup", "2"});
+    EXPECT_EQ(Session().views[TopView].panX, pan + 25);
+    EXPECT_EQ(Selected(), "*-");
+    X({"click", "4"});
+    EXPECT_EQ(Session().views[TopView].zoom, 96);
+}
+
+TEST_F(ConveniencesTest, ADroppedObjectIsOpenedAndWithCtrlMerged) {
+    const QUrl file = QUrl::fromLocalFile(QString::fromStdString(Saved("house.kvobject")));
+    EXPECT_FALSE(Drop({QUrl::fromLocalFile(folder.filePath("ObjTextures/flat.bmp"))}));
+    EXPECT_FALSE(Drop({file, file}));
+    EXPECT_FALSE(Drop({QUrl("https://example.org/house.kvobject")}));
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_TRUE(Drop({file}, Qt::ControlModifier));
+    EXPECT_EQ(Session().scene.brushCount(), 4);
+    EXPECT_TRUE(Drop({file})) << "the answer is No";
+    EXPECT_EQ(Session().scene.brushCount(), 4);
+    prompts.answers = {Answer::Yes};
+    EXPECT_TRUE(Drop({file}));
+    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_EQ(prompts.messages.size(), 2U);
+    EXPECT_EQ(Title(), "Korvane - house");
+}
+
+TEST_F(ConveniencesTest, APictureOfAFileLeavesThePreviewAsItWas) {
+    const std::string path = Saved("house.kvobject");
+    QFile(folder.filePath("bad.kvobject")).open(QIODevice::WriteOnly);
+    Choose("mnuNew");
+    const QImage before = Shown(Find("pbOpenGL"));
+    ObjectPainter painter(Session(), window->Context(), window->Textures());
+    const QImage picture = painter.Paint(path, {240, 180});
+    ASSERT_EQ(picture.size(), QSize(240, 180));
+    const auto count = [&](auto matches) {
+        int pixels = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) pixels += matches(picture.pixelColor(x, y));
+        return pixels;
+    };
+    const QRgb corner = picture.pixel(0, 0);
+    EXPECT_GT(count([&](const QColor& c) { return c.rgb() != corner; }), 240 * 180 / 8);
+    EXPECT_TRUE(painter.Paint(PathOf("bad.kvobject"), {240, 180}).isNull());
+    EXPECT_TRUE(painter.Paint(PathOf("none.kvobject"), {240, 180}).isNull());
+    EXPECT_EQ(Session().scene.brushCount(), 0);
+    Find("pbOpenGL")->update();
+    EXPECT_EQ(Shown(Find("pbOpenGL")), before);
+    Find<ucPreview>("pbOpenGL")->MarkDirty();
+    EXPECT_EQ(Shown(Find("pbOpenGL")), before);
+}
+
+TEST_F(ConveniencesTest, TheTextureReadOutLeadsToTheBrowser) {
+    auto* readOut = Find<QLineEdit>("txtFaceTexture");
+    auto* browser = Find<ucTextureList>("ucTextureList");
+    EXPECT_EQ(readOut->text(), "");
+    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_EQ(readOut->text(), "NO Material");
+    emit browser->Click((browser->SelectTexture(2), 2));
+    EXPECT_EQ(readOut->text(), "green");
+    browser->SelectTexture(0);
+    Find<QLineEdit>("txtTextureFilter")->setText("flat");
+    const int undoSteps = Session().undo.UndoCount;
+    QTest::mouseDClick(readOut, Qt::LeftButton);
+    EXPECT_EQ(Session().textures.Selected(), 2);
+    EXPECT_EQ(Find<QLineEdit>("txtTextureFilter")->text(), "");
+    EXPECT_EQ(Session().undo.UndoCount, undoSteps) << "nothing was assigned";
+    ClickTop({1.5F, 0, 0}, Qt::ControlModifier);
+    EXPECT_EQ(readOut->text(), "*Multiple Textures*");
+    browser->SelectTexture(0);
+    QTest::mouseDClick(readOut, Qt::LeftButton);
+    EXPECT_EQ(Session().textures.Selected(), 0);
+}
+
+}  // namespace
+}  // namespace korvane::test
