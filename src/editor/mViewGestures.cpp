@@ -165,9 +165,11 @@ void MoveMarker(Editor& editor) {
 
 /// The press may have been meant to select; now it is a move.
 void MoveSelection(Editor& editor) {
-    if (std::exchange(editor.gesture.undoStep, false)) RenameUndoStep(editor, kMoveCaption);
-    MoveFromOrigin(editor.scene, editor.gesture.origin, DragDelta(editor),
-                   editor.settings.SnapStep(), editor.Space());
+    ViewGesture& gesture = editor.gesture;
+    const bool moves = !gesture.origin.vertices.empty();
+    if (moves && std::exchange(gesture.undoStep, false)) RenameUndoStep(editor, kMoveCaption);
+    MoveFromOrigin(editor.scene, gesture.origin, DragDelta(editor), editor.settings.SnapStep(),
+                   editor.Space());
     editor.host.RequestRedraw(RedrawMoveStep);
 }
 

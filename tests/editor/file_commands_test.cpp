@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "editor/mFileOpenSave.h"
-#include "editor/mUndo.h"
 #include "support/FileSizeLimit.h"
 #include "support/SessionFixture.h"
 
@@ -294,33 +293,6 @@ TEST_F(FileCommandsTest, AFileNamedOutsideTheDialogBecomesTheCurrentOne) {
     OpenObjectFile(editor, BadFile());
     ExpectError(kInvalid);
     EXPECT_TRUE(editor.currentFileForeign);
-}
-
-TEST_F(FileCommandsTest, ADroppedFileIsOpenedAfterTheQuestionOrMerged) {
-    const std::string other = BoxFile("other.kvobject", "other");
-    AddBox("mine");
-    const std::string mine = Groups();
-    TakeUndoSnapshot(editor);
-    OpenFile(editor, other);  // the answer is No
-    ASSERT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].title, "Notice!");
-    EXPECT_EQ(Groups(), mine);
-    MergeFile(editor, other);
-    EXPECT_EQ(prompts.messages.size(), 1U) << "merging loses nothing";
-    EXPECT_EQ(Groups(), mine + "Brush-0001:other ");
-    EXPECT_EQ(editor.CurrentObjectPath, "");
-    EXPECT_EQ(editor.undo.UndoCount, 1);
-    prompts.answers = {Answer::Yes};
-    OpenFile(editor, other);
-    EXPECT_EQ(Groups(), "Brush-0000:other ");
-    EXPECT_EQ(editor.CurrentObjectPath, other);
-    EXPECT_EQ(editor.settings.recentFiles, std::vector{other});
-    EXPECT_EQ(editor.undo.UndoCount, 0) << "it belongs to another object";
-    test::WriteFileBytes(folder.Path("bad.kvobject"), {'K'});
-    MergeFile(editor, folder.Path("bad.kvobject"));
-    EXPECT_EQ(prompts.messages.back().text, "Error: Invalid Korvane File Format!");
-    EXPECT_EQ(Groups(), "Brush-0000:other ");
-    EXPECT_TRUE(prompts.openDialogs.empty());
 }
 
 }  // namespace
