@@ -205,7 +205,7 @@ TEST_F(UndoTest, EachStepNamesItsChange) {
         const char* caption;
     } rows[] = {
         {[&] { Click(TopView, Left(200, 150, CtrlKey)); }, "Select Brushes"},
-        {[&] { Drag(TopView, Left(200, 150), Left(220, 150)); }, "Move"},
+        {[&] { Drag(TopView, Left(200, 150), Left(224, 150)); }, "Move"},
         {[&] { Run("mnuModeVertex"), Click(TopView, Left(0, 0)); }, "Select Vertices"},
         {[&] { Run("mnuModeEdge"), Drag(TopView, Left(0, 0), Left(20, 0)); }, "Select Edges"},
         {[&] { Drag(TopView, Left(144, 70), Left(144, 50)); }, "Move"},
