@@ -25,7 +25,7 @@ need() {
 # files, are for tests and benchmarks only.
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libegl-dev
     libglu1-mesa-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
-    lib3ds-dev libassimp-dev)
+    lib3ds-dev libassimp-dev zlib1g-dev)
 run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox xdotool)
 # What the tests run on exported source code, beside g++, and on an installation.
