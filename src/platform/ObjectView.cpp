@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -66,6 +67,13 @@ void AddObjectView(QFileDialog& box, ObjectPicture picture) {
     grid->addWidget(view, 1, grid->columnCount());
     box.resize(kDialog);
     QObject::connect(&box, &QFileDialog::currentChanged, view, &ObjectView::Choose);
+    // A name that is typed marks its row, but the dialog tells nobody.
+    if (const auto* name = box.findChild<QLineEdit*>("fileNameEdit")) {
+        QObject::connect(name, &QLineEdit::textChanged, view, [view, &box] {
+            const QStringList typed = box.selectedFiles();
+            if (!typed.isEmpty()) view->Choose(typed[0]);
+        });
+    }
 }
 
 }  // namespace korvane
