@@ -14,7 +14,7 @@ constexpr double kMostCells = 6e4;
 
 /// Hidden pixels that make it worth drawing a box only where it shows: more than a change of state
 /// costs.
-constexpr int kMuchHidden = 2000;
+constexpr int kMuchHidden = 4000;
 
 /// How far from its exact place OpenGL may draw an edge, in pixels, with room to spare.
 constexpr float kEdgeRoom = 1.0F / 64;
