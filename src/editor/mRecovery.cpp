@@ -60,7 +60,7 @@ std::string NextRecoveryName(Recovery& recovery) {
 /// The file takes the place of the recovery file before it, which goes when the new one is there.
 void KeepInstead(Editor& editor, const std::string& name) {
     Recovery& recovery = editor.recovery;
-    if (!recovery.kept.empty()) recovery.writer.Delete(CachePath(editor, recovery.kept));
+    if (!recovery.kept.empty()) recovery.writer.DeleteOnceStored(CachePath(editor, recovery.kept));
     recovery.kept = name;
     recovery.keptState = StateOf(editor.scene);
 }

@@ -16,11 +16,15 @@ FileQueue::~FileQueue() {
 }
 
 void FileQueue::Store(std::string path, std::vector<std::uint8_t> bytes) {
-    Ask({std::move(path), std::move(bytes), true});
+    Ask({std::move(path), std::move(bytes), Kind::Store});
 }
 
 void FileQueue::Delete(std::string path) {
-    Ask({std::move(path), {}, false});
+    Ask({std::move(path), {}, Kind::Delete});
+}
+
+void FileQueue::DeleteOnceStored(std::string path) {
+    Ask({std::move(path), {}, Kind::DeleteOnceStored});
 }
 
 void FileQueue::Wait() {
@@ -37,18 +41,27 @@ void FileQueue::Ask(Job job) {
     if (!worker_.joinable()) worker_ = std::thread(&FileQueue::Work, this);
 }
 
+/// `replaced`: files to remove as soon as a newer one is there.
+void FileQueue::Do(const Job& job, std::vector<std::string>& replaced) {
+    if (job.kind == Kind::Store) {
+        failed_ = !SaveFile(job.path, job.bytes);
+        return;
+    }
+    replaced.push_back(job.path);
+    if (failed_ && job.kind == Kind::DeleteOnceStored) return;
+    for (const std::string& path : replaced) DeleteFile(path);
+    replaced.clear();
+}
+
 void FileQueue::Work() {
+    std::vector<std::string> replaced;
     std::unique_lock guard(mutex_);
     for (;;) {
         changed_.wait(guard, [this] { return ends_ || !jobs_.empty(); });
         if (jobs_.empty()) return;
         const Job& job = jobs_.front();  // stays where it is while others are added behind it
         guard.unlock();
-        if (job.stores) {
-            failed_ = !SaveFile(job.path, job.bytes);
-        } else {
-            DeleteFile(job.path);
-        }
+        Do(job, replaced);
         guard.lock();
         jobs_.pop_front();
         changed_.notify_all();

@@ -24,8 +24,12 @@ class FileQueue {
     /// Stores the bytes as SaveFile does (UTF-8 path).
     void Store(std::string path, std::vector<std::uint8_t> bytes);
 
-    /// Removes the file.
+    /// Removes the file, and what DeleteOnceStored still keeps.
     void Delete(std::string path);
+
+    /// Removes a file that the one stored last replaces. While that one could not be written, it
+    /// stays until a later one is.
+    void DeleteOnceStored(std::string path);
 
     /// Returns when everything asked so far is done.
     void Wait();
@@ -34,13 +38,15 @@ class FileQueue {
     bool LastStoreFailed() const { return failed_; }
 
   private:
+    enum class Kind : std::uint8_t { Store, Delete, DeleteOnceStored };
     struct Job {
         std::string path;
         std::vector<std::uint8_t> bytes;
-        bool stores = false;
+        Kind kind = Kind::Store;
     };
 
     void Ask(Job job);
+    void Do(const Job& job, std::vector<std::string>& replaced);
     void Work();
 
     std::mutex mutex_;  ///< guards the next three
