@@ -54,12 +54,11 @@ bool IsRecord(const std::string& name) {
 }
 
 std::optional<DeadRun> TakeDeadRun(const Editor& editor, const std::string& name) {
-    const std::string path = CachePath(editor, name);
-    auto lock = LockedFile::Take(path);
-    if (!lock) return std::nullopt;
-    const auto bytes = LoadFile(path);
-    const bool readable = bytes && bytes->size() <= kLongestRecord;
-    return DeadRun{std::move(*lock), name, readable ? DecodeRunRecord(*bytes) : RunRecord()};
+    auto lock = LockedFile::Take(CachePath(editor, name));
+    const auto bytes = lock ? lock->Read() : std::nullopt;
+    if (!bytes) return std::nullopt;  // perhaps the next start can
+    const bool sound = bytes->size() <= kLongestRecord;
+    return DeadRun{std::move(*lock), name, sound ? DecodeRunRecord(*bytes) : RunRecord()};
 }
 
 /// The run that wrote last comes first.
@@ -139,8 +138,10 @@ bool IsStray(const Editor& editor, const std::string& name) {
 }
 
 /// Removes what ends of runs in the middle of writing have left, which no record names. `names`
-/// was listed before: a run whose files are in it shows its record now, if it lives.
+/// was listed before: a run whose files are in it shows its record now, if it lives. Where this run
+/// could not make one, others could not either.
 void RemoveStrays(const Editor& editor, const std::vector<std::string>& names) {
+    if (!editor.recovery.record) return;
     const std::string own = editor.recovery.run + kRecordEnding;
     for (const std::string& name : CacheNames(editor))
         if (IsRecord(name) && name != own) return;

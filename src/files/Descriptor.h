@@ -4,8 +4,10 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace korvane {
 
@@ -35,5 +37,8 @@ class Descriptor {
 
 /// Writes all of the bytes; false when some could not be written.
 bool WriteAll(int fd, std::span<const std::uint8_t> bytes);
+
+/// The whole file from its beginning, under the conditions of LoadFile.
+std::optional<std::vector<std::uint8_t>> ReadAll(int fd);
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "files/Descriptor.h"
 
@@ -22,6 +23,10 @@ class LockedFile {
 
     /// Adds bytes at the end, without waiting for the disk.
     bool Append(std::span<const std::uint8_t> bytes);
+
+    /// The whole file that is locked, even where the lock keeps others from reading, this process
+    /// among them. Nothing when it can't be read.
+    std::optional<std::vector<std::uint8_t>> Read() const { return ReadAll(file_.Get()); }
 
     /// Whether the file still has a name: its folder may have been emptied meanwhile.
     bool HasName() const;

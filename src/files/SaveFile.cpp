@@ -124,17 +124,16 @@ bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
     return true;
 }
 
-std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
-    // Not blocking: opening a pipe would wait for its writer.
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+std::optional<std::vector<std::uint8_t>> ReadAll(int fd) {
     struct stat info;
-    if (!file || fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+    if (fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
     if (static_cast<std::uintmax_t>(info.st_size) > kLongestFile) return std::nullopt;
 
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(info.st_size));
     std::size_t filled = 0;
     while (filled < bytes.size()) {
-        const ssize_t got = read(file.Get(), bytes.data() + filled, bytes.size() - filled);
+        const ssize_t got =
+            pread(fd, bytes.data() + filled, bytes.size() - filled, static_cast<off_t>(filled));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return std::nullopt;
         if (got == 0) break;  // cut short meanwhile
@@ -142,6 +141,13 @@ std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
     }
     bytes.resize(filled);
     return bytes;
+}
+
+std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
+    // Not blocking: opening a pipe would wait for its writer.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file) return std::nullopt;
+    return ReadAll(file.Get());
 }
 
 bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes) {

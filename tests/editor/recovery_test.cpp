@@ -7,6 +7,7 @@
 #include "editor/mPropertyEdits.h"
 #include "editor/mRecovery.h"
 #include "editor/mRestore.h"
+#include "editor/mSelectDialog.h"
 #include "editor/mUndo.h"
 #include "files/RunRecord.h"
 #include "support/FileSizeLimit.h"
@@ -249,6 +250,13 @@ const EndCase kEnds[] = {
          As(t).AddBoxes(2);
      },
      3},
+    {"AnotherWasOpened",
+     [](RecoveryTest& t, Editor& dead) {
+         As(t).AddBoxes(3);
+         As(t).Autosave();
+         OpenObjectFile(dead, dead.CurrentObjectPath);
+     },
+     -1},
     {"RecordLeadsElsewhere",
      [](RecoveryTest& t, Editor&) {
          Bytes record;
@@ -276,7 +284,8 @@ TEST_F(RecoveryTest, EditsWithoutASnapshotAreCovered) {
     AddBoxes(2);
     Autosave();
     SetTransparency(*dead, 40);
-    dead->scene.brushes[1].group = "roof";
+    Autosave();
+    SetGroupOfSelection(*dead, "roof");
     const Bytes last = EncodeObject(dead->scene, dead->textures, true);
     Autosave();
     EXPECT_EQ(Files("kvrecovery$").size(), 1U) << "the older one is gone";
@@ -296,6 +305,27 @@ TEST_F(RecoveryTest, ARunningCopyIsNotMistakenForADeadOne) {
     EXPECT_EQ(SnapshotFiles(), files + 1) << "and nothing of it is touched";
     Undo(*dead);
     EXPECT_EQ(dead->scene.brushCount(), 2);
+}
+
+TEST_F(RecoveryTest, TheQuestionStandsOnlyOnceAndNothingGoesBeforeItsAnswer) {
+    AddBoxes(3);
+    dead.reset();
+    prompts.whenAsked = [this] {
+        if (prompts.messages.size() > 1) return;
+        const auto second = Start();
+        const std::ptrdiff_t files = SnapshotFiles();
+        EXPECT_FALSE(OfferRecovery(*second));
+        EXPECT_EQ(SnapshotFiles(), files);
+    };
+    EXPECT_EQ(Restored(), 2);
+    EXPECT_EQ(prompts.messages.size(), 1U);
+}
+
+TEST_F(RecoveryTest, WhereNoRecordCanBeMadeNothingIsRemoved) {
+    EndRecovery(*dead);
+    AddBoxes(2);
+    EXPECT_FALSE(OfferRecovery(editor));
+    EXPECT_EQ(SnapshotFiles(), 2) << "snapshots of a session that may well live";
 }
 
 TEST_F(RecoveryTest, OfSeveralDeadRunsTheNewestIsOfferedFirstAndTheOthersWait) {
