@@ -36,7 +36,7 @@ void Autosave::Store() {
     }
     pause_.stop();
     longest_.stop();
-    StoreRecovery(editor_);
+    if (StoreRecovery(editor_)) longest_.start();  // whether or not the user goes on
 }
 
 }  // namespace korvane

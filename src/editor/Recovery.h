@@ -10,7 +10,7 @@
 
 namespace korvane {
 
-/// See mRecovery.h. Without a record the session leaves nothing.
+/// See mRecovery.h. Without a record the session leaves nothing; without a run it is not to.
 struct Recovery {
     std::optional<LockedFile> record;  ///< held as long as the session lives; see files/RunRecord.h
     std::string run;                   ///< what the names of the run's files begin with

@@ -32,24 +32,29 @@ std::uint64_t StateOf(const Scene& scene) {
     return state | 1;
 }
 
-void Note(Editor& editor, RunEntry kind, const std::string& text) {
-    editor.recovery.record->Append(EncodeRunEntry(kind, text));
+bool Note(Editor& editor, RunEntry kind, const std::string& text) {
+    return editor.recovery.record->Append(EncodeRunEntry(kind, text));
+}
+
+/// A path that could be noted only in part is noted again before the next scene.
+void NotePath(Editor& editor) {
+    Recovery& recovery = editor.recovery;
+    const bool foreign = editor.currentFileForeign;
+    const std::string& path = editor.CurrentObjectPath;
+    if (recovery.notedPath == path && recovery.notedForeign == foreign) return;
+    if (!Note(editor, foreign ? RunEntry::ForeignPath : RunEntry::Path, path)) return;
+    recovery.notedPath = path;
+    recovery.notedForeign = foreign;
 }
 
 /// The record as it must be before a scene is noted: on the disk, with the object's path of now.
+/// One that could not be made, or is gone, is made anew.
 bool PrepareRecord(Editor& editor) {
     Recovery& recovery = editor.recovery;
+    if (recovery.run.empty()) return false;
+    if (!recovery.record || !recovery.record->HasName()) BeginRecovery(editor);
     if (!recovery.record) return false;
-    if (!recovery.record->HasName()) BeginRecovery(editor);
-    if (!recovery.record) return false;
-    if (recovery.notedPath == editor.CurrentObjectPath &&
-        recovery.notedForeign == editor.currentFileForeign) {
-        return true;
-    }
-    recovery.notedPath = editor.CurrentObjectPath;
-    recovery.notedForeign = editor.currentFileForeign;
-    Note(editor, recovery.notedForeign ? RunEntry::ForeignPath : RunEntry::Path,
-         recovery.notedPath);
+    NotePath(editor);
     return true;
 }
 
@@ -94,32 +99,33 @@ void BeginRecovery(Editor& editor) {
 
 void EndRecovery(Editor& editor) {
     Recovery& recovery = editor.recovery;
-    if (!recovery.record) return;
     NothingUnsaved(editor);
-    recovery.writer.Delete(CachePath(editor, recovery.run + kRecordEnding));
+    if (recovery.record) recovery.writer.Delete(CachePath(editor, recovery.run + kRecordEnding));
     recovery.writer.Wait();
     recovery.record.reset();
+    recovery.run.clear();
 }
 
-void StoreRecovery(Editor& editor) {
+bool StoreRecovery(Editor& editor) {
     Recovery& recovery = editor.recovery;
-    if (!recovery.record) return;
+    if (recovery.run.empty()) return false;
     CheckLastStore(editor);
-    if (!editor.SceneModified || editor.scene.brushes.empty()) return;
-    if (StateOf(editor.scene) == recovery.keptState) return;
-    if (!PrepareRecord(editor)) return;
+    if (!editor.SceneModified || editor.scene.brushes.empty()) return false;
+    if (StateOf(editor.scene) == recovery.keptState) return false;
+    if (!PrepareRecord(editor)) return false;
     const std::string name = NextRecoveryName(recovery);
     recovery.writer.Store(CachePath(editor, name),
                           EncodeObject(editor.scene, editor.textures, true));
     Note(editor, RunEntry::Scene, name);
     KeepInstead(editor, name);
+    return true;
 }
 
 bool KeepAsRecovery(Editor& editor, const std::string& name) {
     if (!PrepareRecord(editor)) return false;
     const std::string kept = NextRecoveryName(editor.recovery);
+    Note(editor, RunEntry::Scene, kept);  // first: under a name not noted the file would be lost
     if (!RenameFile(CachePath(editor, name), CachePath(editor, kept))) return false;
-    Note(editor, RunEntry::Scene, kept);
     KeepInstead(editor, kept);
     return true;
 }

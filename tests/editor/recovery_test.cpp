@@ -250,6 +250,16 @@ const EndCase kEnds[] = {
          As(t).AddBoxes(2);
      },
      3},
+    {"NoFolderAtFirst",
+     [](RecoveryTest& t, Editor& dead) {
+         const std::string cache = dead.programFolder + "/ObjCache";
+         fs::remove_all(cache);
+         test::WriteFileBytes(cache, {'x'});  // in its way
+         BeginRecovery(dead);
+         fs::remove(cache);
+         As(t).AddBoxes(3);
+     },
+     2},
     {"AnotherWasOpened",
      [](RecoveryTest& t, Editor& dead) {
          As(t).AddBoxes(3);
@@ -326,6 +336,22 @@ TEST_F(RecoveryTest, WhereNoRecordCanBeMadeNothingIsRemoved) {
     AddBoxes(2);
     EXPECT_FALSE(OfferRecovery(editor));
     EXPECT_EQ(SnapshotFiles(), 2) << "snapshots of a session that may well live";
+}
+
+TEST_F(RecoveryTest, APathOnAFullDiskIsNotedLater) {
+    AddBoxTo(*dead);
+    SaveOver(*dead, "garage.kvobject");
+    SetTransparency(*dead, 40);
+    {
+        const auto record = folder.Path("ObjCache/" + dead->recovery.run + kRecordEnding);
+        const test::FileSizeLimit full(fs::file_size(record) + 10);
+        Autosave();
+    }
+    const std::string path = dead->CurrentObjectPath;
+    AddBoxes(1);
+    dead.reset();
+    EXPECT_EQ(Restored(), 1);
+    EXPECT_EQ(editor.CurrentObjectPath, path);
 }
 
 TEST_F(RecoveryTest, OfSeveralDeadRunsTheNewestIsOfferedFirstAndTheOthersWait) {

@@ -56,7 +56,7 @@ class Hand {
         const unsigned chance = random_() % 16;
         if (chance < 4) return Save();
         if (chance == 4) return static_cast<void>(SaveSettings(editor_));
-        if (chance == 5) return StoreRecovery(editor_);  // it never rests long enough by itself
+        if (chance == 5) return static_cast<void>(StoreRecovery(editor_));
         Edit();
     }
 
