@@ -5,6 +5,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <set>
 #include <sstream>
 #include <tuple>
@@ -15,6 +16,7 @@
 #include "editor/mFileOpenSave.h"
 #include "editor/mPreferences.h"
 #include "editor/mRecovery.h"
+#include "editor/mRestore.h"
 #include "editor/mSettings.h"
 #include "editor/mUndo.h"
 #include "files/FileBuffer.h"
@@ -202,6 +204,21 @@ TEST(SaveFileTest, DoesWithoutUnnamedFilesWhereTheSystemHasNone) {
         EXPECT_EQ(Failures(), 1);
         EXPECT_EQ(FileBytes(folder.Path("file")), (Bytes{1, 2}));
         EXPECT_EQ(folder.EntryCount(), 1);
+    }
+}
+
+TEST(RestoreTest, WhatCannotBeMadeSafeWaitsForTheNextStart) {
+    const TempFolder folder;
+    auto dead = std::make_unique<Stage>(folder.Path());
+    TakeUndoSnapshot(dead->editor);
+    dead.reset();
+    for (const Step step : {Step::Rename, Step::None}) {
+        Stage next(folder.Path());
+        next.prompts.answers = {Answer::Yes};
+        FailAt(step);
+        EXPECT_TRUE(OfferRecovery(next.editor));
+        FailAt(Step::None);
+        EXPECT_EQ(next.editor.scene.brushCount(), 1);
     }
 }
 
