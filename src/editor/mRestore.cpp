@@ -145,8 +145,12 @@ void RemoveStrays(const Editor& editor, const std::vector<std::string>& names) {
     const std::string own = editor.recovery.run + kRecordEnding;
     for (const std::string& name : CacheNames(editor))
         if (IsRecord(name) && name != own) return;
-    for (const std::string& name : names)
-        if (IsStray(editor, name)) DeleteFile(CachePath(editor, name));
+    for (const std::string& name : names) {
+        if (!IsStray(editor, name)) continue;
+        const std::string path = CachePath(editor, name);
+        const auto free = LockedFile::Take(path);  // not a record that is just being made
+        if (free) DeleteFile(path);
+    }
 }
 
 }  // namespace

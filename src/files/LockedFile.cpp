@@ -22,14 +22,17 @@ bool Lock(const Descriptor& file) {
 
 std::optional<LockedFile> LockedFile::Create(const std::string& path) {
     const std::string unnamed = path + ".new";
-    Descriptor file(
-        open(unnamed.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666));
-    if (!file) return std::nullopt;
-    if (Lock(file) && access(path.c_str(), F_OK) != 0 &&
-        std::rename(unnamed.c_str(), path.c_str()) == 0) {
-        return LockedFile(std::move(file));
+    constexpr int kAttempts = 5;  // before it is locked, another start may take it for a stray
+    for (int i = 0; i < kAttempts; ++i) {
+        Descriptor file(
+            open(unnamed.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666));
+        if (!file) break;
+        if (Lock(file) && access(path.c_str(), F_OK) != 0 &&
+            std::rename(unnamed.c_str(), path.c_str()) == 0) {
+            return LockedFile(std::move(file));
+        }
+        unlink(unnamed.c_str());
     }
-    unlink(unnamed.c_str());
     return std::nullopt;
 }
 

@@ -338,6 +338,18 @@ TEST_F(RecoveryTest, WhereNoRecordCanBeMadeNothingIsRemoved) {
     EXPECT_EQ(SnapshotFiles(), 2) << "snapshots of a session that may well live";
 }
 
+TEST_F(RecoveryTest, ARecordThatIsJustBeingMadeIsLeftAlone) {
+    EndRecovery(*dead);
+    const std::string made = folder.Path("ObjCache/$1") + kRecordEnding + ".new";
+    test::WriteFileBytes(made, {});
+    auto maker = LockedFile::Take(made);
+    EXPECT_EQ(Restored(), -1);
+    EXPECT_TRUE(fs::exists(made));
+    maker.reset();
+    EXPECT_EQ(Restored(), -1);
+    EXPECT_FALSE(fs::exists(made));
+}
+
 TEST_F(RecoveryTest, APathOnAFullDiskIsNotedLater) {
     AddBoxTo(*dead);
     SaveOver(*dead, "garage.kvobject");
