@@ -38,8 +38,8 @@ class Prompts {
   public:
     virtual ~Prompts() = default;
 
-    /// Shows the box and waits for the answer. Closing it without a choice is No for YesNo, Cancel
-    /// for YesNoCancel.
+    /// Shows the box and waits for the answer. Closing it without a choice is Cancel where there is
+    /// one, be it shown or not: for YesNo and YesNoCancel.
     virtual Answer ShowMessage(const Message& message) = 0;
 
     /// An existing file chosen by the user (UTF-8 path), or nothing when cancelled.

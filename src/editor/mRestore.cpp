@@ -94,16 +94,16 @@ std::string TimeText(std::int64_t seconds) {
     return text;
 }
 
-bool WantsRestore(Editor& editor, const DeadRun& run) {
+Answer AskToRestore(Editor& editor, const DeadRun& run) {
     const std::string name = FileName(run.record.path);
     const std::string object = name.empty() ? "a new object" : "\"" + name + "\"";
-    return editor.prompts.ShowMessage({"Notice! The program ended unexpectedly!\r\n"
-                                       "There are unsaved changes to " +
-                                           object + " from " + TimeText(run.lock.WrittenAt()) +
-                                           ".\r\n"
-                                           "Do you wish to restore them? They are deleted if not.",
-                                       "Notice!", MessageIcon::Question, MessageButtons::YesNo}) ==
-           Answer::Yes;
+    return editor.prompts.ShowMessage(
+        {"Notice! The program ended unexpectedly!\r\n"
+         "There are unsaved changes to " +
+             object + " from " + TimeText(run.lock.WrittenAt()) +
+             ".\r\n"
+             "Do you wish to restore them? They are deleted if not.",
+         "Notice!", MessageIcon::Question, MessageButtons::YesNo});
 }
 
 /// Makes the restored scene this run's own leftover, so that the dead run's files may go.
@@ -161,7 +161,9 @@ bool OfferRecovery(Editor& editor) {
     for (const DeadRun& run : TakeDeadRuns(editor, names)) {
         if (restored) break;
         auto leftover = FindLeftover(editor, run.record);
-        restored = leftover && WantsRestore(editor, run);
+        const Answer answer = leftover ? AskToRestore(editor, run) : Answer::No;
+        if (answer == Answer::Cancel) break;  // neither wanted nor thrown away: the next start asks
+        restored = answer == Answer::Yes;
         if (restored) Restore(editor, run, std::move(leftover->brushes));
         if (!restored || Secure(editor, leftover->file)) RemoveRun(editor, run);
     }

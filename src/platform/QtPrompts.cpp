@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <algorithm>
 
 #include "platform/ObjectView.h"
@@ -26,22 +27,24 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// The buttons of a box, and the one that closing it stands for.
-struct BoxButtons {
-    QMessageBox::StandardButtons shown;
-    QMessageBox::StandardButton onClose;
-};
-
-BoxButtons ButtonsOf(MessageButtons buttons) {
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
     switch (buttons) {
         case MessageButtons::YesNo:
-            return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+            return QMessageBox::Yes | QMessageBox::No;
         case MessageButtons::YesNoCancel:
-            return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel};
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
         case MessageButtons::Ok:
             break;
     }
-    return {QMessageBox::Ok, QMessageBox::Ok};
+    return QMessageBox::Ok;
+}
+
+/// Lets a box with more than one button be closed as Cancel, shown or not: left to itself it takes
+/// No, which may be a choice with consequences.
+void CloseWithoutChoice(QMessageBox& box) {
+    if (box.standardButtons() == QMessageBox::Ok) return;
+    if (box.button(QMessageBox::Cancel) == nullptr) box.addButton(QMessageBox::Cancel)->hide();
+    box.setEscapeButton(QMessageBox::Cancel);
 }
 
 /// The window that a dialog belongs to. One that was only just shown is not active yet.
@@ -78,12 +81,11 @@ QString NameFilter(const FileDialog& dialog) {
 }  // namespace
 
 Answer QtPrompts::ShowMessage(const Message& message) {
-    const BoxButtons buttons = ButtonsOf(message.buttons);
     QMessageBox box(BoxIcon(message.icon), QString::fromStdString(message.title),
-                    QString::fromStdString(message.text).replace("\r\n", "\n"), buttons.shown,
-                    Owner());
+                    QString::fromStdString(message.text).replace("\r\n", "\n"),
+                    ButtonsOf(message.buttons), Owner());
     box.setTextFormat(Qt::PlainText);
-    box.setEscapeButton(buttons.onClose);
+    CloseWithoutChoice(box);
     if (message.onEnter) box.setDefaultButton(ButtonOf(*message.onEnter));
     switch (box.exec()) {
         case QMessageBox::Yes:

@@ -118,10 +118,11 @@ TEST_F(RecoveryTest, ARestoredSceneSurvivesTheNextEndToo) {
     EXPECT_TRUE(editor.currentFileForeign) << "Save must still not overwrite it unasked";
 }
 
-TEST_F(RecoveryTest, NoDeletesIt) {
+TEST_F(RecoveryTest, NoDeletesItButClosingTheQuestionDoesNot) {
     AddBoxes(3);
     Autosave();
     dead.reset();
+    EXPECT_EQ(Restored(Answer::Cancel), -1);
     EXPECT_EQ(Restored(Answer::No), -1);
     EXPECT_EQ(prompts.messages.size(), 1U);
     EXPECT_TRUE(Brushes().empty());
