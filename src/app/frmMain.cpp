@@ -53,6 +53,12 @@ QString DraggedObject(const QMimeData& data) {
     return path.endsWith(".kvobject", Qt::CaseInsensitive) ? path : QString();
 }
 
+/// The file is only read: a source that hears of a move may remove it.
+void AcceptAsCopy(QDropEvent& event) {
+    event.acceptProposedAction();
+    if (event.possibleActions() & Qt::CopyAction) event.setDropAction(Qt::CopyAction);
+}
+
 }  // namespace
 
 frmMain::frmMain(Prompts& prompts, const std::string& programFolder, const std::string& dataFolder)
@@ -235,7 +241,7 @@ void frmMain::CloseWindow() {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DraggedObject(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!DraggedObject(*event->mimeData()).isEmpty()) AcceptAsCopy(*event);
 }
 
 /// Later: a question must not keep the other program waiting for the end of the drop.
@@ -243,7 +249,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     const std::string path = DraggedObject(*event->mimeData()).toStdString();
     if (path.empty()) return;
     const bool merge = event->modifiers().testFlag(Qt::ControlModifier);
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
     WhenIdle([this, path, merge] { merge ? MergeFile(editor_, path) : OpenFile(editor_, path); });
 }
 

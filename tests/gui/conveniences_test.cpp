@@ -41,8 +41,9 @@ class ConveniencesTest : public EditingTest {
         data.setUrls(urls);
         QDragEnterEvent enter({400, 400}, Qt::CopyAction, &data, Qt::LeftButton, keys);
         QApplication::sendEvent(window.get(), &enter);
-        QDropEvent drop({400, 400}, Qt::CopyAction, &data, Qt::LeftButton, keys);
+        QDropEvent drop({400, 400}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, keys);
         QApplication::sendEvent(window.get(), &drop);
+        EXPECT_NE(drop.dropAction(), Qt::MoveAction) << "the file stays where it is";
         QTest::qWait(20);
         return enter.isAccepted();
     }
@@ -87,7 +88,7 @@ TEST_F(ConveniencesTest, ADroppedObjectIsOpenedAndWithCtrlMerged) {
     EXPECT_FALSE(Drop({file, file}));
     EXPECT_TRUE(Drop({file}, Qt::ControlModifier));
     EXPECT_EQ(Session().scene.brushCount(), 4);
-    EXPECT_TRUE(Drop({file})) << "the answer is No";
+    EXPECT_TRUE(Drop({file}, Qt::ShiftModifier)) << "the answer is No";
     EXPECT_EQ(Session().scene.brushCount(), 4);
     prompts.answers = {Answer::Yes};
     EXPECT_TRUE(Drop({file}));
