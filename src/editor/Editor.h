@@ -43,14 +43,20 @@ struct ViewGesture {
     Vec3 markerStart;                   ///< the marker at the press
 };
 
-/// What the wheel turns about in a 2D view.
+/// What the wheel turns about.
 struct WheelZoom {
+    /// What stays where it is while one view or the gauge zooms.
+    struct Anchor {
+        double x = 0;  ///< pixels
+        double y = 0;
+        Vec3 point;      ///< what lies there, in world units
+        ViewState left;  ///< the view as the last turn left it
+    };
     int view = -1;
     float x = 0;  ///< pixel position of the mouse
     float y = 0;
-    Vec3 point;       ///< world point that stays there
-    double zoom = 0;  ///< before rounding, pixels per world unit
-    ViewState left;   ///< the view as the last turn left it
+    double zoom = 0;                             ///< before rounding, pixels per world unit
+    std::array<Anchor, kViewCount + 1> anchors;  ///< of the views and the gauge
 };
 
 /// State of the mouse gesture on the depth gauge.

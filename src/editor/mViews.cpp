@@ -20,18 +20,40 @@ void ZoomAll(Editor& editor, std::int32_t newZoom) {
     RedrawAllViews(editor);
 }
 
+/// Calls `visit` with each view, the gauge after them, its anchor, and the view whose axes it has.
+template <class Visit>
+void ForEachAnchor(Editor& editor, Visit visit) {
+    auto& anchors = editor.wheelZoom.anchors;
+    for (int v = 0; v < kViewCount; ++v) {
+        const auto i = static_cast<std::size_t>(v);
+        visit(editor.views[i], anchors[i], v);
+    }
+    visit(editor.gauge, anchors[kViewCount], int{FrontView});  // both show heights
+}
+
 /// Whether the wheel goes on turning where it turned last.
-bool GoesOn(const WheelZoom& wheel, const ViewState& state, int view, const MouseInput& mouse) {
-    return wheel.view == view && wheel.x == mouse.x && wheel.y == mouse.y && wheel.left == state;
+bool GoesOn(Editor& editor, int view, const MouseInput& mouse) {
+    const WheelZoom& wheel = editor.wheelZoom;
+    bool untouched = true;
+    ForEachAnchor(editor, [&](const ViewState& state, const WheelZoom::Anchor& anchor, int) {
+        untouched = untouched && anchor.left == state;
+    });
+    return untouched && wheel.view == view && wheel.x == mouse.x && wheel.y == mouse.y;
 }
 
 /// Rounding at a small zoom would be seen at a large one: steps count from the first.
 void AimWheel(Editor& editor, int view, const MouseInput& mouse) {
+    if (GoesOn(editor, view, mouse)) return;
     WheelZoom& wheel = editor.wheelZoom;
-    const ViewState& state = editor.views[static_cast<std::size_t>(view)];
-    if (GoesOn(wheel, state, view, mouse)) return;
-    wheel = {view, mouse.x, mouse.y, {}, static_cast<double>(state.zoom), state};
-    ScreenToWorld(state, view, mouse.x, mouse.y, wheel.point);
+    wheel = {view, mouse.x, mouse.y, static_cast<double>(editor.views[TopView].zoom), {}};
+    ForEachAnchor(editor, [](const ViewState& state, WheelZoom::Anchor& anchor, int axes) {
+        anchor = {Int(state.width * 0.5), Int(state.height * 0.5), {}, state};
+        ScreenToWorld(state, axes, anchor.x, anchor.y, anchor.point);
+    });
+    WheelZoom::Anchor& under = wheel.anchors[static_cast<std::size_t>(view)];
+    under.x = mouse.x;
+    under.y = mouse.y;
+    ScreenToWorld(under.left, view, under.x, under.y, under.point);
 }
 
 }  // namespace
@@ -59,16 +81,15 @@ void TurnWheel(Editor& editor, int view, const MouseInput& mouse, double notches
     constexpr double kFactor = 1.2;  // a notch
     AimWheel(editor, view, mouse);
     WheelZoom& wheel = editor.wheelZoom;
-    ViewState& state = editor.views[static_cast<std::size_t>(view)];
     wheel.zoom =
         std::clamp(wheel.zoom * std::pow(kFactor, notches), double{kMinZoom}, double{kMaxZoom});
     const std::int32_t zoom = RoundToInt(wheel.zoom);
-    if (zoom == state.zoom) return;
-    const ViewState before = state;
-    ZoomAll(editor, zoom);
-    state = before;
-    ZoomViewAbout(state, view, zoom, wheel.point, wheel.x, wheel.y);
-    wheel.left = state;
+    if (zoom == editor.views[TopView].zoom) return;
+    ForEachAnchor(editor, [zoom](ViewState& state, WheelZoom::Anchor& anchor, int axes) {
+        ZoomViewAbout(state, axes, zoom, anchor.point, anchor.x, anchor.y);
+        anchor.left = state;
+    });
+    RedrawAllViews(editor);
 }
 
 void ResetZoom(Editor& editor) {

@@ -16,8 +16,8 @@ void ZoomIn(Editor& editor);
 void ZoomOut(Editor& editor);
 
 /// Turns the wheel over view 0..2 by that many notches, up to zoom in, at the place of the mouse.
-/// What lies there stays there, however far the wheel is turned before the mouse moves; the other
-/// views and the gauge zoom about their middles.
+/// What lies there stays there, and what lies in the middle of the other views and the gauge,
+/// however far the wheel is turned before the mouse moves.
 void TurnWheel(Editor& editor, int view, const MouseInput& mouse, double notches);
 
 /// Zoom 80 everywhere; pan and origin stay.
