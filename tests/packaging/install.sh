@@ -29,11 +29,11 @@ DESTDIR=$work cmake --install "$build" --prefix /usr >"$work/log" || { cat "$wor
 # --- what is there
 cd "$usr" || exit 1
 {
-    echo bin/korvane bin/korvane-cli share/doc/korvane/{copyright,NEWS.md.gz}
+    echo bin/korvane bin/korvane-cli share/doc/korvane/{copyright,NEWS.md.gz,changelog.gz}
     echo share/man/man1/korvane{,-cli}.1.gz share/metainfo/org.korvane.Korvane.metainfo.xml
     echo share/applications/org.korvane.Korvane.desktop share/mime/packages/org.korvane.Korvane.xml
     echo share/thumbnailers/org.korvane.Korvane.thumbnailer
-    for size in 48x48 64x64 128x128 256x256 scalable; do
+    for size in 16x16 32x32 48x48 64x64 128x128 256x256 scalable; do
         ending=png
         [ $size = scalable ] && ending=svg
         echo share/icons/hicolor/$size/{apps/org.korvane.Korvane,mimetypes/application-x-korvane-object}.$ending

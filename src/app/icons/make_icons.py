@@ -319,16 +319,26 @@ def icons():
 
 
 def program_icon():
-    """A block of bricks: a textured brush."""
+    """A block of bricks: a textured brush. Joints are areas that end where their side ends; upright
+    ones cover whole pixels at 32 pixels."""
     top = area("M16,2 L29,9 L16,16 L3,9 Z", "#e8b25c")
     left = area("M3,9 L16,16 V31 L3,24 Z", "#c8553d")
     right = area("M29,9 L16,16 V31 L29,24 Z", "#8f3a2b")
-    joints = line(
-        "M3,14 L16,21 M3,19 L16,26 M10,12.8 V17.8 M6.5,15.9 V20.9 M12,18.8 V23.8 M10,22.7 V27.7",
-        "#f0d9c0",
-        1,
-    ) + line("M29,14 L16,21 M29,19 L16,26 M22,12.8 V17.8 M25.5,15.9 V20.9 M20,18.8 V23.8 M22,22.7 V27.7", "#cfa58c", 1)
-    return top + left + right + joints
+    return top + left + right + area(joints(lambda x: x), "#f0d9c0") + area(joints(lambda x: 32 - x), "#cfa58c")
+
+
+def joints(side):
+    """The joints of the left side; `side` may mirror them. Courses are five units high."""
+
+    def edge(x, down):  # a point of the top edge, moved down
+        return f"{side(x)},{9 + (x - 3) * 7 / 13 + down:.4g}"
+
+    def joint(x1, x2, down1, down2):
+        return f"M{edge(x1, down1)} L{edge(x2, down1)} L{edge(x2, down2)} L{edge(x1, down2)} Z"
+
+    level = [joint(3, 16, down - 0.5, down + 0.5) for down in (5, 10)]
+    upright = [joint(x, x + 1, down, down + 4) for x, down in ((9, 0.5), (5, 5.5), (12, 5.5), (9, 10.5))]
+    return " ".join(level + upright)
 
 
 # Output ----------------------------------------------------------------------------------------
