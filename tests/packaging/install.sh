@@ -45,6 +45,16 @@ cd "$usr" || exit 1
 find . -type f -printf '%P\n' | sort >"$work/there"
 difference=$(diff "$work/expected" "$work/there") || fail "installed files: $difference"
 
+if have dpkg-deb && have dpkg-shlibdeps; then
+    cpack -G DEB --config "$build/CPackConfig.cmake" -B "$work/deb" >"$work/log" 2>&1 || fail "$(cat "$work/log")"
+    dpkg-deb --fsys-tarfile "$work"/deb/*.deb | tar -t | sed -n 's:^\./usr/\(.*[^/]\)$:\1:p' | sort >"$work/packed"
+    says_nothing diff "$work/expected" "$work/packed"
+    depends=$(dpkg-deb -f "$work"/deb/*.deb Depends)
+    for package in libc6 libqt6widgets6 libqt6svg6 libgl1-mesa-dri; do
+        [[ ", $depends" == *", $package"* ]] || fail "the package does not depend on $package: $depends"
+    done
+fi
+
 # --- the programs, with the data they brought along
 cli=$usr/bin/korvane-cli example=$usr/share/korvane/examples/house.kvobject
 cd "$work" || exit 1
