@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <algorithm>
 
 #include "platform/ObjectView.h"
@@ -78,6 +80,24 @@ QString NameFilter(const FileDialog& dialog) {
     return name.contains(pattern) ? name : name + " " + pattern;
 }
 
+bool CanHoldFiles(const QString& folder) {
+    const QFileInfo info(folder);
+    return info.isDir() && info.isWritable();
+}
+
+QString DocumentsFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
+
+/// The path itself, or the same name among the user's documents: samples that were installed can be
+/// opened, but not saved where they are.
+QString SavablePath(const QString& path) {
+    const QFileInfo info(path);
+    if (info.isRelative() || CanHoldFiles(info.path())) return path;
+    return DocumentsFolder() + "/" + info.fileName();
+}
+
 }  // namespace
 
 Answer QtPrompts::ShowMessage(const Message& message) {
@@ -130,8 +150,14 @@ std::optional<std::string> QtPrompts::Ask(QFileDialog& box, const FileDialog& di
     box.setWindowTitle(QString::fromStdString(dialog.title));
     box.setNameFilter(NameFilter(dialog));
     const QString start = QString::fromStdString(dialog.initialFolder);
-    if (!start.isEmpty() || !folder_.isEmpty()) box.setDirectory(start.isEmpty() ? folder_ : start);
-    if (!dialog.proposedPath.empty()) box.selectFile(QString::fromStdString(dialog.proposedPath));
+    if (!start.isEmpty() || !folder_.isEmpty()) {
+        box.setDirectory(start.isEmpty() ? folder_ : start);
+    } else if (!CanHoldFiles(QDir::currentPath())) {
+        box.setDirectory(DocumentsFolder());  // a desktop may start programs in the root folder
+    }
+    const QString proposed = QString::fromStdString(dialog.proposedPath);
+    const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
+    if (!proposed.isEmpty()) box.selectFile(saves ? SavablePath(proposed) : proposed);
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = box.selectedFiles().constFirst();
     if (start.isEmpty()) folder_ = QFileInfo(path).absolutePath();

@@ -15,7 +15,8 @@ namespace korvane {
 using ObjectPicture = std::function<QImage(const QString& path, const QSize& pixels)>;
 
 /// Asks with QMessageBox and QFileDialog. Dialogs belong to the active window of the program, or
-/// to one that is shown, and start in the folder that was chosen last.
+/// to one that is shown, and start in the folder that was chosen last; none proposes to save where
+/// the user may not write.
 class QtPrompts final : public Prompts {
   public:
     /// The dialog that opens objects shows them by this from now on; without, it shows none.

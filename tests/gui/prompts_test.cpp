@@ -125,6 +125,23 @@ TEST_F(FileDialogTest, FolderOfItsOwnLeavesTheRememberedOneAlone) {
     EXPECT_EQ(start, other.path());
 }
 
+TEST_F(FileDialogTest, SavingIsProposedWhereTheUserMayWrite) {
+    QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", home.path().toLocal8Bit());
+    for (const QString& place : {folder.path(), folder.filePath("no such folder")}) {
+        dialog.proposedPath = (place + "/house.kvobject").toStdString();
+        WhenOpen<QFileDialog>([&](QFileDialog* open) {
+            start = open->directory().path();
+            EXPECT_EQ(open->selectedFiles().value(0), start + "/house.kvobject");
+            open->reject();
+        });
+        prompts.AskSavePath(dialog);
+        EXPECT_EQ(start, place == folder.path() ? place : home.path());
+    }
+    qputenv("HOME", before);
+}
+
 TEST_F(FileDialogTest, SavingOverAFileIsConfirmed) {
     QFile existing(folder.filePath("box.kvobject"));
     ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
