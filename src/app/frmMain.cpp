@@ -29,6 +29,7 @@
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
 #include "editor/mViewPointer.h"
+#include "textures/ui/mImageFile.h"
 #include "textures/ui/ucTextureList.h"
 #include "views/ui/ucPreview.h"
 #include "widgets/ucStatusBar.h"
@@ -234,6 +235,10 @@ void frmMain::WhenIdle(std::function<void()> work) {
 
 void frmMain::RunKeyBoardTimer() {
     keyInput_->RunTimer();
+}
+
+std::optional<std::vector<std::uint8_t>> frmMain::PngOf(const std::string& path) {
+    return korvane::PngOf(path);
 }
 
 void frmMain::CloseWindow() {

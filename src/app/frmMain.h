@@ -52,6 +52,7 @@ class frmMain final : public QMainWindow, public EditorHost {
     void FocusViews() override;
     void WhenIdle(std::function<void()> work) override;
     void RunKeyBoardTimer() override;
+    std::optional<std::vector<std::uint8_t>> PngOf(const std::string& path) override;
     void CloseWindow() override;
 
   protected:

@@ -22,6 +22,9 @@ class SilentHost final : public EditorHost {
     void FocusViews() override {}
     void WhenIdle(std::function<void()>) override {}
     void RunKeyBoardTimer() override {}
+    std::optional<std::vector<std::uint8_t>> PngOf(const std::string&) override {
+        return std::nullopt;
+    }
     void CloseWindow() override {}
 };
 

@@ -1,8 +1,11 @@
 // What an editing session asks of its outside. The window implements it; tests record it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "files/Settings.h"
 
@@ -99,6 +102,9 @@ class EditorHost {
     /// A key is held: calls AdvanceKeyBoard every 10 ms from now on, until it leaves
     /// `keyBoard.running` false.
     virtual void RunKeyBoardTimer() = 0;
+
+    /// A picture file (UTF-8 path) as the bytes of a PNG file; nothing where it is none.
+    virtual std::optional<std::vector<std::uint8_t>> PngOf(const std::string& path) = 0;
 
     /// Asks the main window to close.
     virtual void CloseWindow() = 0;

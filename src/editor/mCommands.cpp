@@ -205,6 +205,8 @@ const Command kCommands[] = {
      {ToolBar, 4, "Save Object As...", "Save Object As: Save the current object under a different name", kSeparator}},
     {"mnuExport3DS", "mnuExport", "3DStudio Format (*.3DS)...", Always, CheckKind::None, nullptr, Export3DS,
      {ToolBar, 5, "Export Object...", "Export Object: Save the current object in different formats", kSeparator}},
+    {"mnuExportOBJ", "mnuExport", "Wavefront Format (*.OBJ)...", Always, CheckKind::None, nullptr, ExportOBJ, {}},
+    {"mnuExportGLB", "mnuExport", "glTF Binary Format (*.GLB)...", Always, CheckKind::None, nullptr, ExportGLB, {}},
     {"mnuExportSourceCode", "mnuExport", "Source Code (*.TXT)...", Always, CheckKind::None, nullptr, Open<Form::ExportSourceCode>, {}},
     {"mnuClearRecentFiles", "mnuRecent", "Clear Recent Files", Always, CheckKind::None, nullptr, ClearRecentFiles, {}, kSeparator},
     {"mnuExit", "mnuFile", "Exit", Always, CheckKind::None, nullptr, CloseMainWindow, {}, kSeparator},

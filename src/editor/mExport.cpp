@@ -6,6 +6,7 @@
 #include "export/mExport3DS.h"
 #include "export/mSourceCode.h"
 #include "files/FileBuffer.h"
+#include "interchange/mInterchange.h"
 
 namespace korvane {
 namespace {
@@ -38,6 +39,10 @@ std::string AskTarget(Editor& editor, const FileDialog& dialog) {
     return editor.prompts.AskSavePath(dialog).value_or("");
 }
 
+std::string TextureFolder(const Editor& editor) {
+    return editor.DataFolder() + "/ObjTextures";
+}
+
 void ReportSave(Editor& editor, bool saved) {
     if (!saved) ShowError(editor, "Error: Unable to save file!");
 }
@@ -55,6 +60,24 @@ void Export3DS(Editor& editor) {
                            WithExtension(editor.CurrentObjectPath, "3ds")});
     if (path.empty()) return;
     ReportSave(editor, Save3DS(path, editor.scene, editor.textures, editor.exportedParts));
+}
+
+void ExportOBJ(Editor& editor) {
+    const std::string path =
+        AskTarget(editor, {"Export OBJ File...", "Wavefront Files (*.obj)", "*.obj", "obj",
+                           WithExtension(editor.CurrentObjectPath, "obj")});
+    if (path.empty()) return;
+    ReportSave(editor, SaveOBJ(path, editor.scene, editor.textures, TextureFolder(editor)));
+}
+
+void ExportGLB(Editor& editor) {
+    const std::string path =
+        AskTarget(editor, {"Export GLB File...", "glTF Binary Files (*.glb)", "*.glb", "glb",
+                           WithExtension(editor.CurrentObjectPath, "glb")});
+    if (path.empty()) return;
+    const auto makePng = [&editor](const std::string& file) { return editor.host.PngOf(file); };
+    ReportSave(editor,
+               SaveGLB(path, editor.scene, editor.textures, TextureFolder(editor), makePng));
 }
 
 void ExportSourceCode(Editor& editor, const CodeTemplate& code) {

@@ -12,6 +12,12 @@ namespace korvane {
 /// switched off.
 void Export3DS(Editor& editor);
 
+/// Exports the scene as a Wavefront file, its materials and their textures beside it.
+void ExportOBJ(Editor& editor);
+
+/// Exports the scene with its textures as a binary glTF file.
+void ExportGLB(Editor& editor);
+
 /// Asks for a file and writes the scene into it as source code; the session remembers the template.
 void ExportSourceCode(Editor& editor, const CodeTemplate& code);
 

@@ -93,6 +93,17 @@ std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path);
 /// left as it was, nothing else remains, and false is returned.
 bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
+/// A file (UTF-8 path) and what it is to hold.
+struct NewFile {
+    std::string path;
+    std::span<const std::uint8_t> bytes;
+};
+
+/// Stores files that belong together, each as SaveFile does. None is touched before all of them are
+/// complete on the disk; only a failure to rename, in the order given, can leave the first ones
+/// new.
+bool SaveFiles(std::span<const NewFile> files);
+
 /// What became of CreateFile.
 enum class Creation {
     Done,

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "files/Descriptor.h"
 #include "files/FileBuffer.h"
@@ -112,6 +113,37 @@ void FlushFolder(const std::string& folder) {
     if (handle) Flush(handle.Get());
 }
 
+/// The new content of a file, complete beside it and not yet in its place.
+class Replacement {
+  public:
+    Replacement() = default;
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+    ~Replacement() {
+        if (!temporary_.empty()) unlink(temporary_.c_str());
+    }
+
+    bool Prepare(const NewFile& file) {
+        target_ = FollowLinks(file.path);
+        if (target_.empty() || file.bytes.size() > kLongestFile) return false;
+        struct stat old;
+        const bool replaces = stat(target_.c_str(), &old) == 0;
+        if (replaces && (!S_ISREG(old.st_mode) || access(target_.c_str(), W_OK) != 0)) return false;
+        return WriteTemporary(FolderOf(target_), file.bytes, replaces ? &old : nullptr, temporary_);
+    }
+
+    bool Finish() {
+        if (std::rename(temporary_.c_str(), target_.c_str()) != 0) return false;
+        temporary_.clear();
+        FlushFolder(FolderOf(target_));
+        return true;
+    }
+
+  private:
+    std::string target_;
+    std::string temporary_;  ///< empty: there is none
+};
+
 }  // namespace
 
 bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
@@ -151,19 +183,18 @@ std::optional<std::vector<std::uint8_t>> LoadFile(const std::string& path) {
 }
 
 bool SaveFile(const std::string& path, std::span<const std::uint8_t> bytes) {
-    const std::string target = FollowLinks(path);
-    if (target.empty() || bytes.size() > kLongestFile) return false;
-    struct stat old;
-    const bool replaces = stat(target.c_str(), &old) == 0;
-    if (replaces && (!S_ISREG(old.st_mode) || access(target.c_str(), W_OK) != 0)) return false;
+    const NewFile file{path, bytes};
+    return SaveFiles({&file, 1});
+}
 
-    std::string temporary;
-    if (!WriteTemporary(FolderOf(target), bytes, replaces ? &old : nullptr, temporary) ||
-        std::rename(temporary.c_str(), target.c_str()) != 0) {
-        if (!temporary.empty()) unlink(temporary.c_str());
-        return false;
+bool SaveFiles(std::span<const NewFile> files) {
+    std::vector<Replacement> replacements(files.size());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (!replacements[i].Prepare(files[i])) return false;
     }
-    FlushFolder(FolderOf(target));
+    for (Replacement& replacement : replacements) {
+        if (!replacement.Finish()) return false;
+    }
     return true;
 }
 

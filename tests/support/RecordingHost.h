@@ -29,6 +29,7 @@ struct RecordingHost : EditorHost {
     std::map<int, std::string> status;
     std::vector<Form> forms;
     std::vector<std::string> documents;
+    std::vector<std::string> madePng;
     bool busy = false;  ///< work for an idle turn is dropped, as when the program ends before
 
     void RequestRedraw(unsigned set) override {
@@ -49,6 +50,10 @@ struct RecordingHost : EditorHost {
         if (!busy) work();
     }
     void RunKeyBoardTimer() override { ++timerStarts; }
+    std::optional<std::vector<std::uint8_t>> PngOf(const std::string& path) override {
+        madePng.push_back(path);
+        return std::nullopt;
+    }
     void CloseWindow() override { ++closes; }
 };
 

@@ -1,5 +1,6 @@
 #include "textures/ui/mImageFile.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -53,6 +54,14 @@ ImageCode LoadTGA(const std::string& path, cDIBSection& image) {
     return DecodeTGA({reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                       static_cast<std::size_t>(bytes.size())},
                      image);
+}
+
+std::optional<std::vector<std::uint8_t>> PngOf(const std::string& path) {
+    cDIBSection image;
+    if (LoadImageFile(path, image) != ImageLoaded) return std::nullopt;
+    QBuffer png;
+    if (!PictureOf(image).save(&png, "PNG")) return std::nullopt;
+    return std::vector<std::uint8_t>(png.data().begin(), png.data().end());
 }
 
 QImage PictureOf(const cDIBSection& image) {

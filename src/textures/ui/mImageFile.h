@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QImage>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "textures/core/mTGA.h"
 
@@ -16,6 +18,9 @@ ImageCode LoadImageFile(const std::string& path, cDIBSection& image);
 
 /// Decodes a TGA file, see DecodeTGA.
 ImageCode LoadTGA(const std::string& path, cDIBSection& image);
+
+/// The image file at `path` (UTF-8) as the bytes of a PNG file; nothing where LoadImageFile fails.
+std::optional<std::vector<std::uint8_t>> PngOf(const std::string& path);
 
 /// The buffer as a picture, for thumbnails.
 QImage PictureOf(const cDIBSection& image);

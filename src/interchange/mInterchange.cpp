@@ -1,0 +1,177 @@
+#include "interchange/mInterchange.h"
+
+#include <algorithm>
+#include <assimp/Exporter.hpp>
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <span>
+#include <utility>
+
+#include "files/FileBuffer.h"
+#include "interchange/MeshScene.h"
+
+namespace korvane {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/') + 1);
+}
+
+/// The name without its last extension.
+std::string Stem(const std::string& name) {
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+/// How the object is called, after its file.
+std::string ObjectName(const std::string& path) {
+    return MeshName(Stem(path.substr(FolderOf(path).size())));
+}
+
+/// Objects of foreign origin may name anything; a texture is a file right in its folder.
+bool IsPlainFileName(const std::string& name) {
+    return !name.empty() && std::ranges::none_of(name, [](char c) {
+        return c == '/' || static_cast<unsigned char>(c) < ' ';
+    });
+}
+
+/// Names for materials: that of the texture, and the transparency where there is one ("Glass_40").
+class MaterialNames {
+  public:
+    std::string NameOf(const ExportMaterial& material) {
+        std::string name = MeshName(Stem(material.MapFileName));
+        if (name.empty()) name = "NO_Material";
+        if (material.Transparency != 0) name += "_" + std::to_string(material.Transparency);
+        std::string unused = name;
+        for (int i = 2; !used_.insert(unused).second; ++i) unused = name + "-" + std::to_string(i);
+        return unused;
+    }
+
+  private:
+    std::set<std::string> used_;
+};
+
+float OpacityOf(const ExportMaterial& material) {
+    return 1 - static_cast<float>(std::clamp(material.Transparency, 0, 100)) / 100;
+}
+
+/// The looks with their maps by file name.
+std::vector<MeshMaterial> LooksOf(std::span<const ExportMaterial> materials) {
+    std::vector<MeshMaterial> looks;
+    MaterialNames names;
+    for (const ExportMaterial& material : materials) {
+        const std::string& file = material.MapFileName;
+        looks.push_back(
+            {names.NameOf(material), IsPlainFileName(file) ? file : "", OpacityOf(material)});
+    }
+    return looks;
+}
+
+/// The files of a format, the chief one first; none where assimp refuses. Valid as long as the
+/// exporter is, and until it is used again.
+std::vector<std::span<const std::uint8_t>> Write(Assimp::Exporter& exporter, const aiScene& scene,
+                                                 const char* format, const std::string& name) {
+    Assimp::ExportProperties properties;
+    properties.SetPropertyString(AI_CONFIG_EXPORT_BLOB_NAME, name);
+    std::vector<std::span<const std::uint8_t>> files;
+    const auto* blob = exporter.ExportToBlob(&scene, format, 0, &properties);
+    for (; blob != nullptr; blob = blob->next)
+        files.emplace_back(static_cast<const std::uint8_t*>(blob->data), blob->size);
+    return files;
+}
+
+/// Pictures on their way into files.
+struct Pictures {
+    std::vector<NewFile> files;
+    std::deque<Bytes> bytes;  ///< they stay where they are
+};
+
+/// Copies of the textures for the folder, except those whose names are taken there.
+Pictures CopiesFor(const std::string& folder, std::span<const MeshMaterial> looks,
+                   const std::string& textureFolder) {
+    Pictures copies;
+    std::set<std::string> seen;
+    for (const MeshMaterial& look : looks) {
+        if (look.map.empty() || !seen.insert(look.map).second) continue;
+        const std::string target = folder + look.map;
+        std::error_code ignored;
+        if (std::filesystem::exists(std::u8string(target.begin(), target.end()), ignored)) continue;
+        auto bytes = LoadFile(textureFolder + "/" + look.map);
+        if (!bytes) continue;
+        copies.files.push_back({target, copies.bytes.emplace_back(std::move(*bytes))});
+    }
+    return copies;
+}
+
+bool StartsWith(const Bytes& bytes, std::initializer_list<int> start) {
+    return bytes.size() > start.size() && std::equal(start.begin(), start.end(), bytes.begin());
+}
+
+/// glTF takes PNG and JPEG; anything else is made a PNG.
+std::optional<EmbeddedPicture> Embed(const std::string& folder, const std::string& filename,
+                                     const PngMaker& makePng) {
+    const std::string path = folder + "/" + filename;
+    auto bytes = LoadFile(path);
+    if (!bytes) return std::nullopt;
+    if (StartsWith(*bytes, {0x89, 'P', 'N', 'G'}))
+        return EmbeddedPicture{filename, "png", std::move(*bytes)};
+    if (StartsWith(*bytes, {0xFF, 0xD8, 0xFF}))
+        return EmbeddedPicture{filename, "jpg", std::move(*bytes)};
+    auto png = makePng(path);
+    if (!png) return std::nullopt;
+    return EmbeddedPicture{filename, "png", std::move(*png)};
+}
+
+/// Embeds the pictures of the looks, each once, and points their maps there.
+std::vector<EmbeddedPicture> EmbedAll(std::span<MeshMaterial> looks, const std::string& folder,
+                                      const PngMaker& makePng) {
+    std::vector<EmbeddedPicture> pictures;
+    std::map<std::string, std::string> mapOf;
+    for (MeshMaterial& look : looks) {
+        if (look.map.empty()) continue;
+        const auto [known, isNew] = mapOf.try_emplace(look.map);
+        if (isNew) {
+            if (auto picture = Embed(folder, look.map, makePng)) {
+                known->second = "*" + std::to_string(pictures.size());
+                pictures.push_back(std::move(*picture));
+            }
+        }
+        look.map = known->second;
+    }
+    return pictures;
+}
+
+}  // namespace
+
+bool SaveOBJ(const std::string& path, const Scene& scene, const TextureLibrary& library,
+             const std::string& textureFolder) {
+    const auto materials = CollectMaterials(scene, library);
+    const auto looks = LooksOf(materials);
+    // A file that is itself called .mtl needs another name for its materials.
+    const std::string name = ObjectName(path.ends_with(".mtl") ? path + ".obj" : path);
+    const auto meshes = BuildMeshScene(materials, looks, {}, name);
+    Assimp::Exporter exporter;
+    const auto written = Write(exporter, *meshes, "obj", name);
+    if (written.size() != 2) return false;
+    Pictures copies = CopiesFor(FolderOf(path), looks, textureFolder);
+    copies.files.push_back({FolderOf(path) + name + ".mtl", written[1]});
+    copies.files.push_back({path, written[0]});
+    return SaveFiles(copies.files);
+}
+
+bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& library,
+             const std::string& textureFolder, const PngMaker& makePng) {
+    const auto materials = CollectMaterials(scene, library);
+    auto looks = LooksOf(materials);
+    const auto pictures = EmbedAll(looks, textureFolder, makePng);
+    const auto meshes = BuildMeshScene(materials, looks, pictures, ObjectName(path));
+    Assimp::Exporter exporter;
+    const auto written = Write(exporter, *meshes, "glb2", ObjectName(path));
+    return written.size() == 1 && SaveFile(path, written[0]);
+}
+
+}  // namespace korvane
