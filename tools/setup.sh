@@ -21,11 +21,11 @@ need() {
             --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# CLI11 and nlohmann-json are for korvane-cli; lib3ds and assimp, the two that read and write 3DS
-# files, are for tests and benchmarks only.
+# CLI11 and nlohmann-json are for korvane-cli, assimp for the export to other formats; lib3ds, tinygltf
+# and tinyobjloader, which read what is exported, are for tests and benchmarks only.
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libegl-dev
     libglu1-mesa-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
-    lib3ds-dev libassimp-dev zlib1g-dev)
+    libassimp-dev zlib1g-dev lib3ds-dev libtinygltf-dev libtinyobjloader-dev)
 run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox xdotool)
 # What the tests run on exported source code, beside g++, and on an installation.

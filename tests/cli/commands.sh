@@ -89,7 +89,7 @@ wrong "nonsense" nonsense
 wrong "--nonsense" info house.kvobject --nonsense
 wrong "-o" convert house.kvobject
 wrong "does not end in .kvobject" convert house.kvobject -o out/x.3ds
-wrong "does not end in .3ds or .txt" export house.kvobject -o out/x.obj
+wrong "does not end in .3ds or .obj or .glb or .txt" export house.kvobject -o out/x.mtl
 wrong "only goes with an output that ends in .txt" export house.kvobject -o out/x.3ds --template a
 wrong "does not end in .png" render house.kvobject -o out/x.jpg
 for size in 800 800x 0x600 800x-1 8193x600 800.5x600 800x600x3 axb nanx1; do
@@ -116,6 +116,7 @@ for file in cut tiny empty; do
     bad "$file.kvobject: $invalid" info $file.kvobject
     bad "$file.kvobject: $invalid" convert house.kvobject $file.kvobject -o out/x.kvobject
     bad "$file.kvobject: $invalid" export $file.kvobject -o out/x.3ds
+    bad "$file.kvobject: $invalid" export $file.kvobject -o out/x.obj
     bad "$file.kvobject: $invalid" export $file.kvobject -o out/x.txt
     bad "$file.kvobject: $invalid" optimize $file.kvobject -o out/x.kvobject
     bad "$file.kvobject: $invalid" render $file.kvobject -o out/x.png
@@ -134,7 +135,7 @@ bad "absent: Error: Unable to load file! (No such file or directory)" \
 # --- files that can't be written
 save="Error: Unable to save file!"
 bad "no/x.kvobject: $save" optimize house.kvobject -o no/x.kvobject --exact
-for output in x.kvobject x.3ds x.txt x.png; do
+for output in x.kvobject x.3ds x.obj x.glb x.txt x.png; do
     case $output in
     *.kvobject) command=convert ;;
     *.png) command=render ;;
@@ -153,6 +154,7 @@ for output in x.kvobject x.3ds x.txt x.png; do
     good $command house.kvobject -o out/$output
     [ "$(cat out/$output | head -c 3)" != old ] || fail "$args: kept the old file"
     [ ! -s stdout ] || fail "$args: standard output is not empty"
+    [ $output = x.obj ] && rm out/x.mtl out/*.{jpg,jpeg,gif,bmp,tga} # the textures beside it
     rm out/$output
     nothing_left
 done
@@ -196,6 +198,15 @@ cp "$examples/house.kvobject" house.kvobject
 good export house.kvobject -o out/house.3DS --textures none
 [ "$(head -c 2 out/house.3DS)" = MM ] || fail "$args: no 3DStudio file"
 grep -qaF Roof_Tiles.gif out/house.3DS || fail "$args: lost a texture name"
+good export house.kvobject -o out/house.obj --textures none
+good export house.kvobject -o out/house.OBJ
+[ -f out/house.mtl ] && [ "$(grep -c '^map_Kd' out/house.mtl)" -eq 13 ] || fail "$args: no materials"
+cmp -s out/house.obj out/house.OBJ || fail "$args: textures change the mesh"
+cmp -s out/Roof_Tiles.gif "$(dirname "$cli")/ObjTextures/Roof_Tiles.gif" || fail "$args: no textures"
+good export house.kvobject -o out/house.glb
+good export house.kvobject -o out/bare.glb --textures none
+[ "$(head -c 4 out/house.glb)" = glTF ] || fail "$args: no glTF file"
+[ "$(stat -c %s out/house.glb)" -gt "$(stat -c %s out/bare.glb)" ] || fail "$args: no textures"
 good export house.kvobject -o out/b.txt
 good export house.kvobject -o out/b2.txt --template b
 cmp -s out/b.txt out/b2.txt || fail "export: b is not the default template"

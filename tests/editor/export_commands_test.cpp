@@ -59,6 +59,32 @@ TEST_F(ExportCommandsTest, ProposedNameTakesTheExtensionOfTheName) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
+TEST_F(ExportCommandsTest, OtherFormatsAreWrittenWithTheTexturesOfTheUser) {
+    std::filesystem::create_directory(folder.Path("ObjTextures"));
+    WriteFileBytes(folder.Path("ObjTextures/old.bmp"), {'B', 'M'});
+    for (BrushFace& face : Brushes()[0].faces)
+        face.texture = editor.textures.AddTexture("old.bmp", 32, 32);
+    editor.CurrentObjectPath = folder.Path("house.kvobject");
+    const struct {
+        const char *command, *title, *filter, *extension;
+    } rows[] = {{"mnuExportOBJ", "Export OBJ File...", "Wavefront Files (*.obj)", "obj"},
+                {"mnuExportGLB", "Export GLB File...", "glTF Binary Files (*.glb)", "glb"}};
+    for (const auto& row : rows) {
+        const std::string path = folder.Path("house.") + row.extension;
+        prompts.paths = {path};
+        Run(row.command);
+        const FileDialog& dialog = prompts.saveDialogs.back();
+        EXPECT_EQ(dialog.title, row.title);
+        EXPECT_EQ(dialog.filterName, row.filter);
+        EXPECT_EQ(dialog.defaultExtension, row.extension);
+        EXPECT_EQ(dialog.proposedPath, path);
+        EXPECT_GT(FileBytes(path).size(), 100U);
+    }
+    EXPECT_EQ(FileBytes(folder.Path("old.bmp")), (Bytes{'B', 'M'}));
+    EXPECT_EQ(host.madePng, std::vector{folder.Path("ObjTextures/old.bmp")});
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
 TEST_F(ExportCommandsTest, CancelEndsExportsWithoutAFile) {
     const auto files = folder.EntryCount();
     prompts.answers = {Answer::Cancel};
@@ -66,10 +92,12 @@ TEST_F(ExportCommandsTest, CancelEndsExportsWithoutAFile) {
     EXPECT_TRUE(prompts.saveDialogs.empty());
     prompts.answers = {Answer::No};
     Run("mnuExport3DS");
+    Run("mnuExportOBJ");
+    Run("mnuExportGLB");
     ExportSourceCode(editor, DefaultCppCode());
     SaveCodeTemplate(editor, DefaultCppCode());
     EXPECT_EQ(OpenCodeTemplate(editor), std::nullopt);
-    EXPECT_EQ(prompts.saveDialogs.size(), 3U);
+    EXPECT_EQ(prompts.saveDialogs.size(), 5U);
     EXPECT_EQ(prompts.messages.size(), 2U);  // the two questions
     EXPECT_EQ(folder.EntryCount(), files);
     EXPECT_EQ(editor.exportedParts, 0);

@@ -101,6 +101,8 @@ const Writer kWriters[] = {
     {"CodeTemplate", "a.kvcode", kUnable,
      [](Stage& s, const std::string&) { SaveCodeTemplate(s.editor, DefaultCppCode()); }},
     {"Mesh", "a.3ds", kUnable, [](Stage& s, const std::string&) { Export3DS(s.editor); }},
+    {"Wavefront", "a.obj", kUnable, [](Stage& s, const std::string&) { ExportOBJ(s.editor); }},
+    {"Gltf", "a.glb", kUnable, [](Stage& s, const std::string&) { ExportGLB(s.editor); }},
     {"Text", "a.txt", kUnable,
      [](Stage& s, const std::string&) { ExportSourceCode(s.editor, DefaultCppCode()); }},
     {"Picture", "a.png", kUnable, RenderPicture, nullptr},

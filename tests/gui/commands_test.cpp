@@ -165,6 +165,8 @@ TEST_F(CommandsTest, MenusHoldEveryEntryUnderItsCaption) {
   Save Object As... = mnuSaveAs
   Export = mnuExport
     3DStudio Format (*.3DS)... = mnuExport3DS
+    Wavefront Format (*.OBJ)... = mnuExportOBJ
+    glTF Binary Format (*.GLB)... = mnuExportGLB
     Source Code (*.TXT)... = mnuExportSourceCode
   Recent Files = mnuRecent
     Clear Recent Files = mnuClearRecentFiles
