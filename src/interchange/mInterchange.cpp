@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <span>
+#include <string_view>
 #include <utility>
 
 #include "files/FileBuffer.h"
@@ -82,6 +83,16 @@ std::vector<std::span<const std::uint8_t>> Write(Assimp::Exporter& exporter, con
     for (; blob != nullptr; blob = blob->next)
         files.emplace_back(static_cast<const std::uint8_t*>(blob->data), blob->size);
     return files;
+}
+
+/// The file without the extensions that assimp declares and does not use here: readers warn of
+/// those that they don't know. Blanks in their place leave every length as it is.
+Bytes WithoutUnusedExtensions(std::span<const std::uint8_t> glb) {
+    constexpr std::string_view kUnused =
+        R"("extensionsUsed":["KHR_materials_volume","FB_ngon_encoding"],)";
+    Bytes bytes(glb.begin(), glb.end());
+    std::ranges::fill(std::ranges::search(bytes, kUnused), ' ');
+    return bytes;
 }
 
 /// Pictures on their way into files.
@@ -171,7 +182,7 @@ bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& 
     const auto meshes = BuildMeshScene(materials, looks, pictures, ObjectName(path));
     Assimp::Exporter exporter;
     const auto written = Write(exporter, *meshes, "glb2", ObjectName(path));
-    return written.size() == 1 && SaveFile(path, written[0]);
+    return written.size() == 1 && SaveFile(path, WithoutUnusedExtensions(written[0]));
 }
 
 }  // namespace korvane

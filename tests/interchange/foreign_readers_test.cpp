@@ -233,6 +233,7 @@ TEST_F(InterchangeTest, TinygltfReadsWhatTheSceneHolds) {
     ASSERT_TRUE(SaveBoth(maker));
     const tinygltf::Model model = LoadGLB(glb);
     ExpectEqual(ReadGLB(model), MeshOf(maker));
+    EXPECT_TRUE(model.extensionsUsed.empty());
     ASSERT_EQ(model.images.size(), 3U);
     for (const tinygltf::Image& image : model.images) {
         EXPECT_EQ(image.mimeType, image.name == "Brick.jpg" ? "image/jpeg" : "image/png");

@@ -258,7 +258,7 @@ def icons():
         + tinted("M15,31 L17,25 L27,15 L31,19 L21,29 Z", AMBER),
         "mnuExport3DS": line("M19,29 H3 V11 L11,3 H29 V15 M3,11 H21 L29,3 M21,11 V17")
         + arrow_right(30, 23, 17),
-        "mnuExportOBJ": line("M21,27 L3,23 L15,3 L29,17 M3,23 L19,17 L15,3 M19,17 L20,27")
+        "mnuExportOBJ": line("M19,29 L3,23 L15,3 L27,17 M3,23 L15,19 V3 M15,19 L19,29", BLUE)
         + arrow_right(30, 23, 17),
         "mnuExportGLB": line("M17,29 L5,23 V9 L17,3 L29,9 V15 M5,9 L17,15 L29,9 M17,15 V17")
         + tinted("M5,9 L17,3 L29,9 L17,15 Z", BLUE, 0.6)
