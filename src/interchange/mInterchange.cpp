@@ -85,13 +85,16 @@ std::vector<std::span<const std::uint8_t>> Write(Assimp::Exporter& exporter, con
     return files;
 }
 
-/// The file without the extensions that assimp declares and does not use here: readers warn of
-/// those that they don't know. Blanks in their place leave every length as it is.
-Bytes WithoutUnusedExtensions(std::span<const std::uint8_t> glb) {
-    constexpr std::string_view kUnused =
-        R"("extensionsUsed":["KHR_materials_volume","FB_ngon_encoding"],)";
+/// The file without what assimp declares for nothing: extensions that it does not use here, of
+/// which readers warn, and the list of buffers where there is none, which must not be empty. Blanks
+/// in their place leave every length as it is.
+Bytes WithoutEmptyDeclarations(std::span<const std::uint8_t> glb) {
+    constexpr std::string_view kEmpty[] = {
+        R"("extensionsUsed":["KHR_materials_volume","FB_ngon_encoding"],)",
+        R"("extensionsUsed":["FB_ngon_encoding"],)", R"("buffers":[],)"};
     Bytes bytes(glb.begin(), glb.end());
-    std::ranges::fill(std::ranges::search(bytes, kUnused), ' ');
+    for (const std::string_view text : kEmpty)
+        std::ranges::fill(std::ranges::search(bytes, text), ' ');
     return bytes;
 }
 
@@ -182,7 +185,7 @@ bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& 
     const auto meshes = BuildMeshScene(materials, looks, pictures, ObjectName(path));
     Assimp::Exporter exporter;
     const auto written = Write(exporter, *meshes, "glb2", ObjectName(path));
-    return written.size() == 1 && SaveFile(path, WithoutUnusedExtensions(written[0]));
+    return written.size() == 1 && SaveFile(path, WithoutEmptyDeclarations(written[0]));
 }
 
 }  // namespace korvane
