@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -48,20 +49,31 @@ void SetText(QPlainTextEdit* box, const std::string& text) {
     box->moveCursor(QTextCursor::Start);
 }
 
+void ShowMarked(QLabel& label, bool marked) {
+    label.setAutoFillBackground(marked);
+    label.setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
+    label.setForegroundRole(marked ? QPalette::HighlightedText : QPalette::NoRole);
+}
+
+bool IsChoosingKey(int key) {
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 }  // namespace
 
 frmExportSourceCode::frmExportSourceCode(Editor& editor, QWidget* parent)
     : QDialog(parent),
       editor_(editor),
+      tabCodeHeader_(new QTabBar(this)),
       txtHead_(MakeText("txtHead", "Head")),
       txtBody_(MakeText("txtBody", "Body")),
       txtFoot_(MakeText("txtFoot", "Foot")),
       txtPreview_(MakeText("txtPreview", "Preview")),
-      tabCodeHeader_(new QTabBar(this)),
       pages_(new QStackedWidget(this)) {
     setObjectName("frmExportSourceCode");
     setWindowTitle("Export Source Code...");
     tabCodeHeader_->setObjectName("tabCodeHeader");
+    tabCodeHeader_->setAccessibleName("Pages");
     txtPreview_->setReadOnly(true);
     QWidget* const pages[] = {MakeTemplatePage(), txtPreview_, MakeReferencePage()};
     for (const char* caption : {"Code Template", "Preview", "Reference"})
@@ -122,7 +134,9 @@ QLabel* frmExportSourceCode::MakeTag(const char* tag, QPlainTextEdit* target) {
     label->setObjectName(QString("lblCodeTag_%1").arg(tagCount_++));
     label->setFont(CodeFont());
     label->setCursor(Qt::PointingHandCursor);
-    label->setToolTip("Double click: insert into the " + target->accessibleName().toLower());
+    label->setFocusPolicy(Qt::StrongFocus);
+    label->setToolTip("Double click or Enter: insert into the " +
+                      target->accessibleName().toLower());
     label->setProperty("target", QVariant::fromValue(target));
     label->installEventFilter(this);
     return label;
@@ -150,12 +164,13 @@ QWidget* frmExportSourceCode::MakeReferencePage() {
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new QLabel("A double click on a tag inserts it into the template."));
+    column->addWidget(new QLabel("A double click or Enter on a tag inserts it into the template."));
     column->addWidget(head);
     column->addWidget(body);
     column->addStretch();
     auto* area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the focus of the tags
     area->setWidgetResizable(true);
     area->setWidget(page);
     return area;
@@ -224,13 +239,30 @@ void frmExportSourceCode::RefreshPreview() {
     txtPreview_->setPlainText(QString::fromStdString(BuildPreview(Read())));
 }
 
+void frmExportSourceCode::InsertTag(const QLabel& tag, QPlainTextEdit& target) {
+    target.insertPlainText(tag.text());
+    tabCodeHeader_->setCurrentIndex(TemplatePage);
+    target.setFocus();
+}
+
 bool frmExportSourceCode::eventFilter(QObject* watched, QEvent* event) {
     auto* target = watched->property("target").value<QPlainTextEdit*>();
-    if (event->type() != QEvent::MouseButtonDblClick || target == nullptr)
-        return QDialog::eventFilter(watched, event);
-    target->insertPlainText(static_cast<QLabel*>(watched)->text());
-    tabCodeHeader_->setCurrentIndex(TemplatePage);
-    target->setFocus();
+    if (target == nullptr) return QDialog::eventFilter(watched, event);
+    auto* tag = static_cast<QLabel*>(watched);
+    switch (event->type()) {
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            ShowMarked(*tag, event->type() == QEvent::FocusIn);
+            return false;
+        case QEvent::KeyPress:
+            if (!IsChoosingKey(static_cast<QKeyEvent*>(event)->key())) return false;
+            break;
+        case QEvent::MouseButtonDblClick:
+            break;
+        default:
+            return false;
+    }
+    InsertTag(*tag, *target);
     return true;
 }
 

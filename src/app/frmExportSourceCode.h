@@ -20,7 +20,7 @@ class frmExportSourceCode final : public QDialog {
     /// Shows the template that the session used last.
     explicit frmExportSourceCode(Editor& editor, QWidget* parent = nullptr);
 
-    /// A double click on a tag of the reference.
+    /// What a tag of the reference does with mouse, keys and focus.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -31,6 +31,7 @@ class frmExportSourceCode final : public QDialog {
     QWidget* MakeReferencePage();
     QLayout* MakeButtons();
     QLabel* MakeTag(const char* tag, QPlainTextEdit* target);
+    void InsertTag(const QLabel& tag, QPlainTextEdit& target);
     void ShowPage(int page);
     void Press(int button);
     CodeTemplate Read() const;
@@ -38,11 +39,11 @@ class frmExportSourceCode final : public QDialog {
     void RefreshPreview();
 
     Editor& editor_;
+    QTabBar* tabCodeHeader_;  ///< made first: that is the order of Tab
     QPlainTextEdit* txtHead_;
     QPlainTextEdit* txtBody_;
     QPlainTextEdit* txtFoot_;
     QPlainTextEdit* txtPreview_;
-    QTabBar* tabCodeHeader_;
     QStackedWidget* pages_;
     int tagCount_ = 0;  ///< labels of the reference made so far
 };

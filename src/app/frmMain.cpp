@@ -24,6 +24,7 @@
 #include "app/mShutdown.h"
 #include "app/ucWorkspace.h"
 #include "editor/mFileOpenSave.h"
+#include "editor/mRecentFiles.h"
 #include "editor/mRecovery.h"
 #include "editor/mSettings.h"
 #include "editor/mTextureCommands.h"
@@ -111,11 +112,13 @@ void frmMain::DescribeItem(const QAction* item) {
 }
 
 bool frmMain::StartUp(ContextMaker makeContext) {
+    const bool firstStart = !HasSettings(editor_);
     frmStartUp log(editor_.DataFolder() + "/Korvane.log", this);
     log.show();
     if (!RunStartUp(*this, log, makeContext)) return false;
     log.close();
     editor_.SceneModified = false;
+    if (firstStart) AddSampleFiles(editor_);
     BeginRecovery(editor_);
     RefreshAll(editor_);
     FocusViews();

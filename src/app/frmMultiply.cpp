@@ -59,15 +59,15 @@ frmMultiply::frmMultiply(Editor& editor, QWidget* parent)
     setObjectName("frmMultiply");
     setWindowTitle("Multiply Brushes");
     setAttribute(Qt::WA_DeleteOnClose);
-    const OkayCancel buttons = MakeOkayCancel(this);
-    connect(buttons.btnOkay, &QPushButton::clicked, this, &frmMultiply::Confirm);
-    connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* count = new QFormLayout;
     count->addRow("&Number of copies:", txtCount_);
     auto* column = new QVBoxLayout(this);
     column->addLayout(count);
     column->addWidget(MakeFrame("Offset (units)", move_.boxes, move_.chkMode));
     column->addWidget(MakeFrame("Rotation (degrees)", rotate_.boxes, rotate_.chkMode));
+    const OkayCancel buttons = MakeOkayCancel(this);  // Tab comes to them last
+    connect(buttons.btnOkay, &QPushButton::clicked, this, &frmMultiply::Confirm);
+    connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     column->addWidget(buttons.box);
     column->setSizeConstraint(QLayout::SetFixedSize);
     FollowMode(move_, values_.move);

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "optimizer/ExactEngine.h"
 #include "optimizer/FastEngine.h"
@@ -49,7 +50,8 @@ namespace {
 
 constexpr const char* kDetails[] = {"Extremely High", "High", "Normal", "Low", "Extremely Low"};
 constexpr const char* kExtras[] = {"Include a Z-Axis Pass", "Include Polar Passes"};
-constexpr int kWidth = 380;  // pixels
+constexpr int kWidth = 380;  // pixels, or what the longest text needs
+constexpr const char* kLongestText = "10,000 polygons hidden, 10,000 polygons made visible again";
 enum Engine { FastEngineRow, ReferenceEngineRow };
 
 QCheckBox* MakeCheckBox(const char* caption, const QString& name, QWidget* parent) {
@@ -104,6 +106,8 @@ frmOptimize::frmOptimize(Editor& editor, RenderContext& context, QWidget* parent
     column->addWidget(MakeProgress());
     column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    setTabOrder(cboEngine_, chkCovered_);
+    setTabOrder(chkCovered_, btnStart_);
 }
 
 QGroupBox* frmOptimize::MakeDetails() {
@@ -125,9 +129,10 @@ QGroupBox* frmOptimize::MakeDetails() {
 
 QWidget* frmOptimize::MakeProgress() {
     auto* panel = new QWidget(this);
-    panel->setFixedWidth(kWidth);
+    panel->setFixedWidth(std::max(kWidth, fontMetrics().horizontalAdvance(kLongestText)));
     pbPercent_ = new PercentBar(panel);
     pbPercent_->setObjectName("pbPercent");
+    pbPercent_->setAccessibleName("Progress");
     lblInfo_ = MakeLabel("lblInfo", panel);
     lblInfo_->setText("Press Start to optimize the object.");
     lblTime_ = MakeLabel("lblTime", panel);

@@ -70,6 +70,7 @@ frmPreferences::frmPreferences(Editor& editor, QWidget* parent)
     setObjectName("frmPreferences");
     setWindowTitle("Preferences");
     TabHeader_->setObjectName("TabHeader");
+    TabHeader_->setAccessibleName("Pages");
     TabHeader_->setMinimumWidth(kLeastWidth);
     TabHeader_->setUsesScrollButtons(false);
     TabHeader_->addTab(MakeGeneralPage(), "General");
@@ -152,6 +153,7 @@ QWidget* frmPreferences::MakeKeyPage() {
     lblPressKey_->setObjectName("lblPressKey");
     pbFocus_ = new QWidget(page);
     pbFocus_->setObjectName("pbFocus");
+    pbFocus_->setAccessibleName("Key to be pressed");
     pbFocus_->setFixedSize(1, 1);  // a hidden widget would get no keys
     pbFocus_->installEventFilter(this);
     tmrBlinker_ = new QTimer(this);

@@ -23,19 +23,18 @@ std::vector<std::size_t> ChosenRows(const QListWidget* list) {
 }  // namespace
 
 frmSelect::frmSelect(Editor& editor, QWidget* parent)
-    : QDialog(parent),
-      editor_(editor),
-      lists_(ListsForSelecting(editor)),
-      lstGroups_(MakeList("lstGroups", lists_.groups)),
-      lstBrushes_(MakeList("lstBrushes", lists_.brushes)),
-      lstTextures_(MakeList("lstTextures", lists_.textures)) {
+    : QDialog(parent), editor_(editor), lists_(ListsForSelecting(editor)) {
     setObjectName("frmSelect");
     setWindowTitle("Select Brushes");
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("tabLists");
-    tabs->addTab(lstGroups_, "Groups");
-    tabs->addTab(lstBrushes_, "Brushes");
-    tabs->addTab(lstTextures_, "Textures");
+    tabs->setAccessibleName("Select by");
+    // After the tabs: that is the order of Tab.
+    lstGroups_ = MakeList("lstGroups", "Groups", lists_.groups);
+    lstBrushes_ = MakeList("lstBrushes", "Brushes", lists_.brushes);
+    lstTextures_ = MakeList("lstTextures", "Textures", lists_.textures);
+    for (QListWidget* list : {lstGroups_, lstBrushes_, lstTextures_})
+        tabs->addTab(list, list->accessibleName());
     const OkayCancel buttons = MakeOkayCancel(this);
     connect(buttons.btnOkay, &QPushButton::clicked, this, &frmSelect::Confirm);
     connect(buttons.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -45,9 +44,11 @@ frmSelect::frmSelect(Editor& editor, QWidget* parent)
     resize(kSize);
 }
 
-QListWidget* frmSelect::MakeList(const char* name, const std::vector<std::string>& rows) {
+QListWidget* frmSelect::MakeList(const char* name, const char* caption,
+                                 const std::vector<std::string>& rows) {
     auto* list = new QListWidget(this);
     list->setObjectName(name);
+    list->setAccessibleName(caption);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);  // thousands of brushes need not be measured one by one
     QStringList texts;

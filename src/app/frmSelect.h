@@ -19,7 +19,8 @@ class frmSelect final : public QDialog {
     explicit frmSelect(Editor& editor, QWidget* parent = nullptr);
 
   private:
-    QListWidget* MakeList(const char* name, const std::vector<std::string>& rows);
+    QListWidget* MakeList(const char* name, const char* caption,
+                          const std::vector<std::string>& rows);
     void Confirm();
 
     Editor& editor_;

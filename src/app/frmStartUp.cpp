@@ -4,11 +4,14 @@
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace korvane {
 namespace {
 
-constexpr int kWidth = 600;         // pixels
+constexpr int kWidth = 600;  // pixels, or what such a line needs
+constexpr const char* kLongLine =
+    "        INFO_OpenGL_Version: 4.5 (Compatibility Profile) Mesa 22.3.6, and a margin behind it";
 constexpr int kPaintInterval = 16;  // milliseconds; the log has hundreds of lines
 
 }  // namespace
@@ -26,7 +29,7 @@ frmStartUp::frmStartUp(const std::string& logPath, QWidget* owner)
         lblText_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         column->addWidget(lblText_[i]);
     }
-    setFixedSize(kWidth, sizeHint().height());
+    setFixedSize(std::max(kWidth, fontMetrics().horizontalAdvance(kLongLine)), sizeHint().height());
     move(screen()->availableGeometry().center() - rect().center());
 }
 

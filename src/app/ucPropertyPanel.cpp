@@ -4,11 +4,14 @@
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QSlider>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
 
 #include "editor/mSelectDialog.h"
 
@@ -24,12 +27,20 @@ QLabel* Label(const char* name, const char* text) {
     return label;
 }
 
-QLineEdit* TextBox(const QString& name, const char* accessibleName) {
+/// At least as wide as the text.
+QLineEdit* TextBox(const QString& name, const QString& accessibleName, const char* widest) {
+    constexpr int kPadding = 14;  // pixels, with the frame
     auto* box = new QLineEdit;
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
-    box->setMinimumWidth(40);
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(widest) + kPadding);
     return box;
+}
+
+/// Shows a long text from its start.
+void ShowText(QLineEdit* box, const std::string& text) {
+    box->setText(QString::fromStdString(text));
+    box->setCursorPosition(0);
 }
 
 QFrame* Rule() {
@@ -104,10 +115,10 @@ ucPropertyPanel::ucPropertyPanel(Editor& editor, QWidget* parent)
 void ucPropertyPanel::AddNames(QVBoxLayout* column) {
     lblBrushName_ = Label("lblBrushName", "Name:");
     lblBrushGroup_ = Label("lblBrushGroup", "Group:");
-    txtBrushName_ = TextBox("txtBrushName", "Name");
+    txtBrushName_ = TextBox("txtBrushName", "Name", kMultipleBrushes);
     txtBrushName_->setReadOnly(true);
     txtBrushName_->setEnabled(false);
-    txtBrushGroup_ = TextBox("txtBrushGroup", "Group");
+    txtBrushGroup_ = TextBox("txtBrushGroup", "Group", kMultipleGroups);
     Rows rows(column);
     rows.Add(lblBrushName_, txtBrushName_);
     rows.Add(lblBrushGroup_, txtBrushGroup_);
@@ -131,15 +142,23 @@ void ucPropertyPanel::AddDisplay(QVBoxLayout* column) {
     connect(transparency_.slider, &QSlider::sliderReleased, this, &ucPropertyPanel::Refresh);
 }
 
+/// Enter hands the focus back to the views by itself.
+void ucPropertyPanel::AddTextureName() {
+    lblFaceTexture_ = Label("lblFaceTexture", "Texture:");
+    txtFaceTexture_ = TextBox("txtFaceTexture", "Texture", kMultipleTextures);
+    txtFaceTexture_->setReadOnly(true);
+    txtFaceTexture_->setFocusPolicy(Qt::TabFocus);
+    txtFaceTexture_->installEventFilter(this);
+    connect(txtFaceTexture_, &QLineEdit::returnPressed, this, [this] {
+        if (texture_) emit TextureAsked(*texture_);
+    });
+}
+
 void ucPropertyPanel::AddTexture(QVBoxLayout* column) {
     using P = ShownProperties;
     {
         Rows rows(column);
-        lblFaceTexture_ = Label("lblFaceTexture", "Texture:");
-        txtFaceTexture_ = TextBox("txtFaceTexture", "Texture");
-        txtFaceTexture_->setReadOnly(true);
-        txtFaceTexture_->setFocusPolicy(Qt::NoFocus);
-        txtFaceTexture_->installEventFilter(this);
+        AddTextureName();
         rows.Add(lblFaceTexture_, txtFaceTexture_);
         rows.Add(chkTexLocal_ =
                      AddFlag("chkTexLocal", "Local Coordinates", &P::localCoords, SetLocalCoords));
@@ -182,6 +201,9 @@ ucPropertyPanel::Level ucPropertyPanel::AddLevel(QCheckBox* box, const char* sli
     level.slider->setRange(0, maximum);
     level.slider->setFocusPolicy(Qt::ClickFocus);
     level.slider->installEventFilter(this);
+    box->installEventFilter(this);
+    box->setToolTip(tr("The left and right arrow keys move its slider"));
+    box->setAccessibleDescription(box->toolTip());
     level.label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return level;
 }
@@ -191,7 +213,8 @@ ucPropertyPanel::NumberPair ucPropertyPanel::AddNumbers(const char* label, const
     NumberPair pair{Label(label, caption), {}};
     const char* const axes[] = {"X", "Y"};
     for (int axis = 0; axis < 2; ++axis) {
-        QLineEdit* box = TextBox(QString("%1_%2").arg(boxes).arg(axis), axes[axis]);
+        const QString spoken = QString("%1 %2").arg(caption, axes[axis]).remove(':');
+        QLineEdit* box = TextBox(QString("%1_%2").arg(boxes).arg(axis), spoken, "-0.0");
         box->setPlaceholderText(axes[axis]);
         connect(box, &QLineEdit::returnPressed, this, [this, box, axis, edit] {
             edit(editor_, axis, box->text().toStdString());
@@ -216,13 +239,29 @@ void ucPropertyPanel::ConnectGroupBox() {
     });
 }
 
+/// The keys of a slider, pressed on its check box; false for any other.
+bool ucPropertyPanel::StepLevel(const Level& level, int key) {
+    static constexpr struct {
+        int key;
+        QAbstractSlider::SliderAction action;
+    } kKeys[] = {{Qt::Key_Left, QAbstractSlider::SliderSingleStepSub},
+                 {Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd},
+                 {Qt::Key_PageDown, QAbstractSlider::SliderPageStepSub},
+                 {Qt::Key_PageUp, QAbstractSlider::SliderPageStepAdd},
+                 {Qt::Key_Home, QAbstractSlider::SliderToMinimum},
+                 {Qt::Key_End, QAbstractSlider::SliderToMaximum}};
+    const auto* row = std::ranges::find(kKeys, key, [](const auto& entry) { return entry.key; });
+    if (row == std::end(kKeys)) return false;
+    if (level.slider->isEnabled()) level.slider->triggerAction(row->action);
+    return true;
+}
+
 /// A click on a mixed box checks it; mixed is a state that only a selection has.
 void ucPropertyPanel::FlagClicked(QCheckBox* box, EditFlag edit) {
     if (showing_) return;
     box->setTristate(false);
     EnableDependents();
     if (edit != nullptr) edit(editor_, box->isChecked());
-    editor_.host.FocusViews();
 }
 
 void ucPropertyPanel::RotateClicked() {
@@ -257,7 +296,7 @@ void ucPropertyPanel::Refresh() {
 }
 
 void ucPropertyPanel::ShowNames(const ShownProperties& shown) {
-    txtBrushName_->setText(QString::fromStdString(shown.name));
+    ShowText(txtBrushName_, shown.name);
     txtBrushGroup_->setText(QString::fromStdString(shown.group));
     lblBrushName_->setEnabled(shown.selectedBrushes == 1);
     lblBrushGroup_->setEnabled(shown.selectedBrushes > 0);
@@ -269,11 +308,11 @@ void ucPropertyPanel::ShowTexture(const ShownProperties& shown) {
     texture_ = shown.texture;
     const std::string name = texture_ ? editor_.textures.TextureName(*texture_)
                                       : std::string(any ? kMultipleTextures : "");
-    txtFaceTexture_->setText(QString::fromStdString(name));
-    txtFaceTexture_->setCursorPosition(0);
-    txtFaceTexture_->setToolTip(texture_ ? txtFaceTexture_->text() + "\n" +
-                                               tr("Double-click shows it in the texture list")
-                                         : QString());
+    ShowText(txtFaceTexture_, name);
+    txtFaceTexture_->setToolTip(texture_
+                                    ? txtFaceTexture_->text() + "\n" +
+                                          tr("A double-click or Enter shows it in the texture list")
+                                    : QString());
     txtFaceTexture_->setEnabled(any);
     lblFaceTexture_->setEnabled(any);
 }
@@ -312,6 +351,11 @@ bool ucPropertyPanel::eventFilter(QObject* watched, QEvent* event) {
         const bool asked = event->type() == QEvent::MouseButtonDblClick && texture_;
         if (asked) emit TextureAsked(*texture_);
         return asked;
+    }
+    for (const Level* level : {&transparency_, &rotation_}) {
+        if (watched != level->box) continue;
+        const bool pressed = event->type() == QEvent::KeyPress;
+        return pressed && StepLevel(*level, static_cast<QKeyEvent*>(event)->key());
     }
     if (event->type() == QEvent::FocusIn) editor_.host.FocusViews();
     if (event->type() == QEvent::Wheel) {

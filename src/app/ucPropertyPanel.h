@@ -36,7 +36,8 @@ class ucPropertyPanel final : public QWidget {
 
   protected:
     /// Keeps focus and wheel from the sliders: keys belong to the views, and the wheel, which
-    /// scrolls the panel in a low window, must not turn textures in passing.
+    /// scrolls the panel in a low window, must not turn textures in passing. The keys of a slider
+    /// work on its check box instead.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -63,6 +64,7 @@ class ucPropertyPanel final : public QWidget {
     void AddNames(QVBoxLayout* column);
     void AddDisplay(QVBoxLayout* column);
     void AddTexture(QVBoxLayout* column);
+    void AddTextureName();
     QCheckBox* AddFlag(const char* name, const char* caption, Check ShownProperties::*shown,
                        EditFlag edit);
     Level AddLevel(QCheckBox* box, const char* slider, const char* label, const char* unit,
@@ -71,6 +73,7 @@ class ucPropertyPanel final : public QWidget {
                           EditNumber edit);
     void ConnectGroupBox();
 
+    bool StepLevel(const Level& level, int key);
     void FlagClicked(QCheckBox* box, EditFlag edit);
     void RotateClicked();
     void ShowNames(const ShownProperties& shown);

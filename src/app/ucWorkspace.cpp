@@ -1,5 +1,7 @@
 #include "app/ucWorkspace.h"
 
+#include <algorithm>
+
 #include "app/ucPropertyPanel.h"
 #include "editor/mViews.h"
 #include "textures/ui/ucTextureList.h"
@@ -13,10 +15,11 @@ namespace korvane {
 namespace {
 
 constexpr std::int32_t kGap = 30;           // twips between neighbours
-constexpr std::int32_t kPanelWidth = 3240;  // twips, as are the next ones
+constexpr std::int32_t kPanelWidth = 3240;  // twips, as are the next ones; more for a large font
 constexpr std::int32_t kGaugeWidth = 1020;
 constexpr int kGripHandle = 12;  // pixels
 constexpr int kGripGap = kGap / kTwipsPerPixel;
+constexpr const char* kViewNames[kViewCount] = {"Top view", "Left view", "Front view"};
 
 QRect ToPixels(const TwipRect& rect) {
     return {rect.left / kTwipsPerPixel, rect.top / kTwipsPerPixel, rect.width / kTwipsPerPixel,
@@ -43,9 +46,11 @@ ucWorkspace::ucWorkspace(Editor& editor, RenderContext& context, TextureObjects&
     for (int view = 0; view < kViewCount; ++view) {
         pbView_[view] = new ucView(editor, view, this);
         pbView_[view]->setObjectName(QString("pbView%1").arg(view));
+        pbView_[view]->setAccessibleName(QString(kViewNames[view]));
     }
     pbDepth_ = new ucDepthGauge(editor, this);
     pbDepth_->setObjectName("pbDepth");
+    pbDepth_->setAccessibleName("Depth gauge");
     pbOpenGL_ = new ucPreview(editor, context, textures, this);
     pbOpenGL_->setObjectName("pbOpenGL");
     textureList_ = new ucTextureList(editor, this);
@@ -59,11 +64,11 @@ PaneFrame ucWorkspace::Frame() const {
     PaneFrame frame;
     frame.clientWidth = width() * kTwipsPerPixel;
     frame.clientHeight = height() * kTwipsPerPixel;
-    frame.paneLeft = kPanelWidth;
+    frame.panelWidth = std::max(kPanelWidth, conProps_->LeastWidth() * kTwipsPerPixel + kGap);
+    frame.paneLeft = frame.panelWidth;
     frame.paneTop = kGap;
     frame.gaugeTop = kGap;
     frame.gaugeWidth = kGaugeWidth;
-    frame.panelWidth = kPanelWidth;
     frame.textureListHeight = textureList_->sizeHint().height() * kTwipsPerPixel;
     return frame;  // the status bar lies outside this widget
 }

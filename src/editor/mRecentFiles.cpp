@@ -1,6 +1,8 @@
 #include "editor/mRecentFiles.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 
 #include "base/SingleByteText.h"
 
@@ -14,6 +16,20 @@ void AddRecentFile(Editor& editor, const std::string& path) {
     list.insert(list.begin(), added);
     list.resize(std::min(list.size(), kRecentFiles));
     RefreshRecentMenu(editor);
+}
+
+void AddSampleFiles(Editor& editor) {
+    namespace fs = std::filesystem;
+    const std::string folder = editor.programFolder + "/examples";
+    std::error_code failed;
+    std::vector<std::string> paths;
+    fs::directory_iterator entry(std::u8string(folder.begin(), folder.end()), failed);
+    for (; !failed && entry != fs::directory_iterator(); entry.increment(failed)) {
+        const std::u8string path = entry->path().generic_u8string();
+        if (path.ends_with(u8".kvobject")) paths.emplace_back(path.begin(), path.end());
+    }
+    std::ranges::sort(paths, std::greater<>());  // what is added last stands on top
+    for (const std::string& path : paths) AddRecentFile(editor, path);
 }
 
 void ClearRecentFiles(Editor& editor) {

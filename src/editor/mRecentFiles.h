@@ -14,6 +14,10 @@ inline constexpr int kRecentItems = 10;
 /// beyond the capacity drops out. An empty path changes nothing.
 void AddRecentFile(Editor& editor, const std::string& path);
 
+/// Lists the sample objects that the program brings along, by name from the top down, so that the
+/// menu of a first start has something to open.
+void AddSampleFiles(Editor& editor);
+
 /// Forgets all recent files.
 void ClearRecentFiles(Editor& editor);
 

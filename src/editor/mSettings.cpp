@@ -1,5 +1,7 @@
 #include "editor/mSettings.h"
 
+#include <filesystem>
+
 #include "editor/mRecentFiles.h"
 #include "files/FileBuffer.h"
 #include "files/mSettingsFile.h"
@@ -22,6 +24,12 @@ bool KeepDamaged(const std::string& path) {
 }
 
 }  // namespace
+
+bool HasSettings(const Editor& editor) {
+    const std::string path = SettingsPath(editor);
+    std::error_code unknown;  // counts as being there
+    return std::filesystem::exists(std::u8string(path.begin(), path.end()), unknown) || unknown;
+}
 
 bool LoadSettings(Editor& editor) {
     const auto bytes = LoadFile(SettingsPath(editor));

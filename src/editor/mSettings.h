@@ -5,6 +5,9 @@
 
 namespace korvane {
 
+/// Whether a settings file is there, damaged or not: after the first start there is.
+bool HasSettings(const Editor& editor);
+
 /// Reads the settings file over the session's settings. False when there is none, or when it is
 /// damaged: what stands before the damage has been read.
 bool LoadSettings(Editor& editor);

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace korvane {
 
@@ -18,6 +19,7 @@ ucContainer::ucContainer(const QString& name, const QString& title, QWidget* par
     caption_->setBackgroundRole(QPalette::Midlight);
     scroller_->setFrameShape(QFrame::NoFrame);
     scroller_->setWidgetResizable(true);
+    scroller_->setFocusPolicy(Qt::NoFocus);  // it follows the focus of what is in it
     scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -28,6 +30,11 @@ ucContainer::ucContainer(const QString& name, const QString& title, QWidget* par
 
 void ucContainer::SetContent(QWidget* content) {
     scroller_->setWidget(content);
+}
+
+int ucContainer::LeastWidth() const {
+    const int content = scroller_->widget()->minimumSizeHint().width();
+    return std::max(content, caption_->minimumSizeHint().width()) + 2 * frameWidth();
 }
 
 }  // namespace korvane

@@ -17,6 +17,9 @@ class ucContainer final : public QFrame {
     /// Puts the widget below the caption; it scrolls when the frame is too low for it.
     void SetContent(QWidget* content);
 
+    /// Pixels that the frame needs for its content not to be cut.
+    int LeastWidth() const;
+
   private:
     QLabel* caption_;
     QScrollArea* scroller_;

@@ -54,6 +54,7 @@ ucRowList::ucRowList(const Names& names, int items, std::function<Row(int)> item
         grid->addWidget(fields_[row], row, 1);
     }
     scrollBar_->setObjectName(names.scrollBar);
+    scrollBar_->setAccessibleName(tr("Scroll the list"));
     scrollBar_->setRange(0, items - kRows);
     scrollBar_->setPageStep(kRows);
     grid->addWidget(scrollBar_, 0, 2, kRows, 1);
@@ -73,9 +74,12 @@ void ucRowList::ShowRow(int row) {
     titles_[row]->setText(shown.title);
     fields_[row]->setText(shown.text);
     const bool marked = item == current_;
+    const bool focused = marked && hasFocus();
     titles_[row]->setAutoFillBackground(marked);
-    titles_[row]->setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
-    titles_[row]->setForegroundRole(marked ? QPalette::HighlightedText : QPalette::NoRole);
+    titles_[row]->setBackgroundRole(focused  ? QPalette::Highlight
+                                    : marked ? QPalette::Midlight
+                                             : QPalette::NoRole);
+    titles_[row]->setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
     QPalette colors = palette();
     colors.setColor(QPalette::Window,
                     shown.color.isValid() ? shown.color : colors.color(QPalette::Base));

@@ -26,6 +26,7 @@ ucSplitGrip::ucSplitGrip(int handle, int gap, QWidget* parent) : QWidget(parent)
     setFixedSize(side, side);
     setCursor(Qt::SizeAllCursor);
     setToolTip("Drag to divide the views anew");
+    setAccessibleName("Divider of the views");
     const QPolygon corner({QPoint(0, handle), QPoint(handle, 0), QPoint(handle, handle)});
     setMask(QRegion(corner) | QRegion(handle, 0, gap, side) | QRegion(0, handle, side, gap));
 }

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QDir>
+#include <QLabel>
 
 #include "GuiFixture.h"
 #include "app/mShutdown.h"
@@ -98,6 +99,35 @@ TEST(StartUpFailure, MissingContextEndsStartUpAtOnce) {
     EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Stop);
     EXPECT_EQ(LogLines(folder.filePath("Korvane.log")).back(),
               "        INIT_OpenGL_Render_Context: FAILED!");
+}
+
+TEST(FirstStart, ListsTheSamplesOnceAndTellsWhereTexturesGo) {
+    QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkpath("examples/templates"));
+    const auto write = [&](const char* name) {
+        QImage(32, 32, QImage::Format_RGB32).save(folder.filePath(name), "PNG");
+    };
+    for (const char* name : {"examples/b.kvobject", "examples/a.kvobject", "examples/notes.txt"})
+        write(name);
+    const std::string examples = folder.path().toStdString() + "/examples/";
+    for (const bool first : {true, false}) {
+        if (!first) write("ObjTextures/some.png");
+        ScriptedPrompts prompts;
+        frmMain window(prompts, folder.path().toStdString());
+        ASSERT_TRUE(window.StartUp());
+        std::vector<std::string>& recent = window.Session().settings.recentFiles;
+        if (first) {
+            EXPECT_THAT(recent, ElementsAre(examples + "a.kvobject", examples + "b.kvobject"));
+        } else {
+            EXPECT_THAT(recent, IsEmpty()) << "the user has cleared them";
+        }
+        window.show();
+        auto* hint = window.findChild<QLabel*>("lblNoTextures");
+        EXPECT_EQ(hint->isVisible(), first);
+        EXPECT_TRUE(hint->text().contains(folder.filePath("ObjTextures")));
+        recent.clear();
+        EXPECT_TRUE(window.close());
+    }
 }
 
 TEST(StartUpLinesTest, ShowTheLastTenAndFileAll) {

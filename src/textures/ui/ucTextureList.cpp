@@ -1,15 +1,20 @@
 #include "textures/ui/ucTextureList.h"
 
+#include <QDir>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
+
+#include "base/Rounding.h"
+#include "views/ui/mDevicePixels.h"
 
 namespace korvane {
 namespace {
@@ -21,19 +26,45 @@ QColor ToQt(Color color) {
     return {int(Red(color)), int(Green(color)), int(Blue(color))};
 }
 
+QColor TextOn(const QColor& backdrop) {
+    return qGray(backdrop.rgb()) < 128 ? Qt::white : Qt::black;
+}
+
+/// The font for names, which have the width of a thumbnail. One of a large font is made smaller
+/// until the shortest names need no ellipsis.
+QFont NameFont(QFont font) {
+    constexpr double kShare = 0.85, kStep = 0.25, kSmallest = 6;  // points, the last two
+    constexpr const char* kShortName = "NO Material";
+    double points = font.pointSizeF() * kShare;
+    for (; points > kSmallest; points -= kStep) {
+        font.setPointSizeF(points);
+        if (QFontMetrics(font).horizontalAdvance(kShortName) < kThumbnailPitch - 2) break;
+    }
+    return font;
+}
+
+/// The picture as a thumbnail for screens of that many device pixels to one.
+QImage ScaledThumbnail(const QImage& picture, double ratio) {
+    const int side = RoundToInt(kThumbnailSide * ratio);
+    if (picture.size() == QSize(side, side)) return picture;
+    return picture.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
     : QWidget(parent),
       editor_(editor),
+      lblNoTextures_(new QLabel(this)),
       txtTextureFilter_(new QLineEdit(this)),
       hsViewOffset_(new QScrollBar(Qt::Horizontal, this)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the views
     setAccessibleName(tr("Texture list"));
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
-    setFont(small);  // names have the width of a thumbnail
+    setFont(NameFont(font()));
+    lblNoTextures_->setObjectName("lblNoTextures");
+    lblNoTextures_->setTextFormat(Qt::PlainText);
+    lblNoTextures_->setWordWrap(true);
     txtTextureFilter_->setObjectName("txtTextureFilter");
     txtTextureFilter_->setAccessibleName(tr("Filter the textures"));
     txtTextureFilter_->setPlaceholderText(tr("Filter by name"));
@@ -48,10 +79,9 @@ ucTextureList::ucTextureList(Editor& editor, QWidget* parent)
 void ucTextureList::AddThumbnail(const QImage& picture) {
     // An earlier one that could not be made leaves a gap: thumbnail i belongs to entry i.
     thumbnails_.resize(static_cast<std::size_t>(editor_.textures.ListCount()));
+    // For the densest of the screens: the window may be moved from one to another.
     thumbnails_.back() =
-        picture
-            .scaled(kThumbnailSide, kThumbnailSide, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .convertToFormat(QImage::Format_RGB32);
+        ScaledThumbnail(picture, qGuiApp->devicePixelRatio()).convertToFormat(QImage::Format_RGB32);
 }
 
 void ucTextureList::SelectTexture(std::int32_t index) {
@@ -82,7 +112,21 @@ void ucTextureList::RefreshList() {
     hsViewOffset_->setEnabled(layout.scrollEnabled);
     setAccessibleDescription(
         QString::fromStdString(editor_.textures.TextureName(editor_.textures.Selected())));
+    ShowHint();
     update();
+}
+
+/// Where the library holds nothing but its placeholder, says where textures are looked for.
+void ucTextureList::ShowHint() {
+    lblNoTextures_->setVisible(editor_.textures.ListCount() <= 1 && !listed_.empty());
+    const QString folder = QString::fromStdString(editor_.DataFolder() + "/ObjTextures");
+    lblNoTextures_->setText(tr("There are no textures yet. Put pictures (JPEG, PNG, GIF, BMP or "
+                               "TGA, each side 32, 64, 128, 256, 512 or 1024 pixels) into this "
+                               "folder and start Korvane again:") +
+                            "\n" + QDir::toNativeSeparators(folder));
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, TextOn(ToQt(ColorBackdrop())));
+    lblNoTextures_->setPalette(colors);
 }
 
 Color ucTextureList::ColorBackdrop() const {
@@ -131,6 +175,8 @@ void ucTextureList::resizeEvent(QResizeEvent*) {
     const int filter = std::min(kFilterWidth, width() / 2);
     txtTextureFilter_->setGeometry(0, top, filter, RowHeight());
     hsViewOffset_->setGeometry(filter, top, width() - filter, RowHeight());
+    constexpr int kHintLeft = kThumbnailLeft + kThumbnailPitch + 10;  // beside the placeholder
+    lblNoTextures_->setGeometry(kHintLeft, 0, std::max(width() - kHintLeft, 0), top);
     RefreshList();
 }
 
@@ -139,7 +185,9 @@ void ucTextureList::PaintThumbnail(QPainter& painter, const TextureListLayout& l
     const std::int32_t index = listed_[static_cast<std::size_t>(place)];
     const QRect square(ThumbnailLeft(layout, place), kThumbnailTop, kThumbnailSide, kThumbnailSide);
     if (static_cast<std::size_t>(index) < thumbnails_.size()) {
-        painter.drawImage(square.topLeft(), thumbnails_[static_cast<std::size_t>(index)]);
+        const QImage& thumbnail = thumbnails_[static_cast<std::size_t>(index)];
+        DrawDevicePixels(painter, square.topLeft(),
+                         ScaledThumbnail(thumbnail, painter.device()->devicePixelRatioF()));
     }
     constexpr int kNameReach =
         (kThumbnailPitch - kThumbnailSide) / 2 - 1;  // nearly to the neighbour
@@ -161,16 +209,16 @@ void ucTextureList::paintEvent(QPaintEvent*) {
         painter.fillRect(layout.highlightLeft, kThumbnailTop - kHighlightReach, kFrame, kFrame,
                          ToQt(ColorHighlight()));
     }
-    painter.setPen(qGray(backdrop.rgb()) < 128 ? Qt::white : Qt::black);
+    painter.setPen(TextOn(backdrop));
     for (std::int32_t i = layout.first; i <= layout.last; ++i) PaintThumbnail(painter, layout, i);
     if (listed_.empty()) {
         painter.drawText(rect().adjusted(0, 0, 0, -RowHeight()), Qt::AlignCenter,
                          tr("No texture has this in its name"));
     }
     if (hasFocus() && mark_ >= layout.first && mark_ <= layout.last) {
-        painter.setPen(QPen(painter.pen().color(), 1, Qt::DotLine));
-        painter.drawRect(ThumbnailLeft(layout, mark_), kThumbnailTop, kThumbnailSide - 1,
-                         kThumbnailSide - 1);
+        constexpr int kFrame = kThumbnailSide + 2 * kHighlightReach - 1;
+        painter.drawRect(ThumbnailLeft(layout, mark_) - kHighlightReach,
+                         kThumbnailTop - kHighlightReach, kFrame, kFrame);
     }
 }
 
@@ -220,6 +268,10 @@ void ucTextureList::MoveMark(std::int32_t place) {
     // The last one shown may be cut off by the edge.
     const std::int32_t lastWhole = layout.first + std::max(layout.visible, 1) - 1;
     if (mark_ > lastWhole) hsViewOffset_->setValue(layout.first + mark_ - lastWhole);
+    if (!listed_.empty()) {  // spoken as the mark moves
+        setAccessibleDescription(QString::fromStdString(
+            editor_.textures.TextureName(listed_[static_cast<std::size_t>(mark_)])));
+    }
     update();
 }
 

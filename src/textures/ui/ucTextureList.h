@@ -9,6 +9,7 @@
 #include "editor/Editor.h"
 #include "textures/ui/mTextureListLayout.h"
 
+class QLabel;
 class QLineEdit;
 class QScrollBar;
 
@@ -61,13 +62,15 @@ class ucTextureList : public QWidget {
     std::int32_t PlaceOf(std::int32_t index) const;
     std::int32_t EntryAt(const QPoint& point) const;
     void Filter();
+    void ShowHint();
     void Choose(std::int32_t index);
     void MoveMark(std::int32_t place);
     void PaintThumbnail(QPainter& painter, const TextureListLayout& layout, std::int32_t place);
 
     Editor& editor_;
-    std::vector<QImage> thumbnails_;
+    std::vector<QImage> thumbnails_;    ///< as many pixels as the densest screen needs
     std::vector<std::int32_t> listed_;  ///< entries that pass the filter, place by place
+    QLabel* lblNoTextures_;
     QLineEdit* txtTextureFilter_;
     QScrollBar* hsViewOffset_;
     std::int32_t mark_ = 0;  ///< place of the entry that Space would choose

@@ -2,7 +2,8 @@
 
 #include <QGuiApplication>
 #include <algorithm>
-#include <cmath>
+
+#include "views/ui/mDevicePixels.h"
 
 namespace korvane {
 
@@ -21,8 +22,7 @@ void PaintSurface::RefreshFont() {
 }
 
 void PaintSurface::Resize(int width, int height) {
-    const QSize size(static_cast<int>(std::ceil(std::max(width, 1) * ratio)),
-                     static_cast<int>(std::ceil(std::max(height, 1) * ratio)));
+    const QSize size = DevicePixels({std::max(width, 1), std::max(height, 1)}, ratio);
     if (image.size() != size) image = QImage(size, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
 }

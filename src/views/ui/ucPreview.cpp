@@ -2,12 +2,12 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <cmath>
 
 #include "base/Rounding.h"
 #include "editor/mMouseLook.h"
 #include "editor/mPreviewClick.h"
 #include "views/ui/MouseEvents.h"
+#include "views/ui/mDevicePixels.h"
 #include "views/ui/mPick.h"
 
 namespace korvane {
@@ -30,8 +30,7 @@ void ucPreview::MarkDirty() {
 }
 
 QSize ucPreview::DeviceSize() const {
-    const qreal ratio = devicePixelRatioF();
-    return {int(std::lround(width() * ratio)), int(std::lround(height() * ratio))};
+    return DevicePixels(size(), devicePixelRatioF());
 }
 
 void ucPreview::ResizeViewport() {
@@ -65,8 +64,7 @@ void ucPreview::paintEvent(QPaintEvent*) {
         return;
     }
     if (dirty_) RenderNow();
-    context_.frame.setDevicePixelRatio(devicePixelRatioF());
-    painter.drawImage(0, 0, context_.frame);
+    DrawDevicePixels(painter, {0, 0}, context_.frame);
 }
 
 void ucPreview::resizeEvent(QResizeEvent*) {

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "views/ui/MouseEvents.h"
+#include "views/ui/mDevicePixels.h"
 
 namespace korvane {
 ucSurface::ucSurface(Editor& editor, ViewState& state, QWidget* parent)
@@ -58,9 +59,7 @@ void ucSurface::BringUpToDate() {
 void ucSurface::paintEvent(QPaintEvent*) {
     BringUpToDate();
     QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(0, 0, surface_.image);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    DrawDevicePixels(painter, {0, 0}, surface_.image);
     PaintOverlay(painter);
 }
 
