@@ -25,6 +25,13 @@ QLabel* MakeLabel(const QString& name, int row, QWidget* parent) {
     return label;
 }
 
+/// Marks the current row while the keys go elsewhere, on light and on dark.
+QColor Muted(const QPalette& palette) {
+    QColor color = palette.color(QPalette::WindowText);
+    color.setAlphaF(0.2F);
+    return color;
+}
+
 /// The row of the label under the mouse, -1 for none.
 int RowAt(const std::array<QLabel*, ucRowList::kRows>& labels, const QPoint& at) {
     const auto hit = std::ranges::find_if(
@@ -74,12 +81,13 @@ void ucRowList::ShowRow(int row) {
     titles_[row]->setText(shown.title);
     fields_[row]->setText(shown.text);
     const bool marked = item == current_;
-    const bool focused = marked && hasFocus();
+    QPalette mark = palette();
+    if (!hasFocus()) mark.setColor(QPalette::Highlight, Muted(mark));
+    titles_[row]->setPalette(mark);
     titles_[row]->setAutoFillBackground(marked);
-    titles_[row]->setBackgroundRole(focused  ? QPalette::Highlight
-                                    : marked ? QPalette::Midlight
-                                             : QPalette::NoRole);
-    titles_[row]->setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
+    titles_[row]->setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
+    titles_[row]->setForegroundRole(marked && hasFocus() ? QPalette::HighlightedText
+                                                         : QPalette::NoRole);
     QPalette colors = palette();
     colors.setColor(QPalette::Window,
                     shown.color.isValid() ? shown.color : colors.color(QPalette::Base));
@@ -138,6 +146,12 @@ void ucRowList::keyPressEvent(QKeyEvent* event) {
         default:
             QWidget::keyPressEvent(event);
     }
+}
+
+/// The rows have palettes of their own.
+void ucRowList::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) Refresh();
+    QWidget::changeEvent(event);
 }
 
 void ucRowList::focusInEvent(QFocusEvent*) {

@@ -130,6 +130,9 @@ TEST_F(ConveniencesTest, TheTextureReadOutLeadsToTheBrowser) {
     EXPECT_EQ(Session().textures.Selected(), 2);
     EXPECT_EQ(Find<QLineEdit>("txtTextureFilter")->text(), "");
     EXPECT_EQ(Session().undo.UndoCount, undoSteps) << "nothing was assigned";
+    browser->SelectTexture(0);
+    QTest::keyClick(readOut, Qt::Key_Return);
+    EXPECT_EQ(Session().textures.Selected(), 2) << "by the keyboard as well";
     ClickTop({1.5F, 0, 0}, Qt::ControlModifier);
     EXPECT_EQ(readOut->text(), "*Multiple Textures*");
 }

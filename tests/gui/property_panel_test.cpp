@@ -132,8 +132,15 @@ TEST_F(PropertyPanelTest, TheRotationFollowsItsSliderAndItsBox) {
     EXPECT_EQ(BrushAt(1).faces[0].uv, uv);
     EXPECT_FALSE(slider->isEnabled());
     EXPECT_EQ(Find<QLabel>("lblRotate")->text(), "");
-    Click("chkRotate");
+    Find("chkRotate")->setFocus();
+    QTest::keyClick(Find("chkRotate"), Qt::Key_Right);
+    EXPECT_EQ(Count(&BrushFace::rotation, 0), 24) << "the slider is disabled";
+    QTest::keyClick(Find("chkRotate"), Qt::Key_Space);
     EXPECT_TRUE(slider->isEnabled());
+    QTest::keyClick(Find("chkRotate"), Qt::Key_PageUp);
+    QTest::keyClick(Find("chkRotate"), Qt::Key_Left);
+    EXPECT_EQ(Count(&BrushFace::rotation, 14), 24) << "by the keys of the slider";
+    QTest::keyClick(Find("chkRotate"), Qt::Key_Home);
     QWheelEvent wheel({8, 8}, slider->mapToGlobal(QPointF(8, 8)), {}, {0, 120}, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(slider, &wheel);
