@@ -29,7 +29,7 @@ QLabel* Label(const char* name, const char* text) {
 
 /// At least as wide as the text.
 QLineEdit* TextBox(const QString& name, const QString& accessibleName, const char* widest) {
-    constexpr int kPadding = 14;  // pixels, with the frame
+    constexpr int kPadding = 10;  // pixels, with the frame
     auto* box = new QLineEdit;
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -33,7 +34,8 @@ void ucContainer::SetContent(QWidget* content) {
 }
 
 int ucContainer::LeastWidth() const {
-    const int content = scroller_->widget()->minimumSizeHint().width();
+    const int content = scroller_->widget()->minimumSizeHint().width() +
+                        style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return std::max(content, caption_->minimumSizeHint().width()) + 2 * frameWidth();
 }
 

@@ -17,7 +17,7 @@ class ucContainer final : public QFrame {
     /// Puts the widget below the caption; it scrolls when the frame is too low for it.
     void SetContent(QWidget* content);
 
-    /// Pixels that the frame needs for its content not to be cut.
+    /// Pixels that the frame needs for its content not to be cut, with a scroll bar beside it.
     int LeastWidth() const;
 
   private:
