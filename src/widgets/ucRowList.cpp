@@ -87,7 +87,7 @@ void ucRowList::ShowRow(int row) {
     titles_[row]->setAutoFillBackground(marked);
     titles_[row]->setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
     titles_[row]->setForegroundRole(marked && hasFocus() ? QPalette::HighlightedText
-                                                         : QPalette::NoRole);
+                                                         : QPalette::WindowText);
     QPalette colors = palette();
     colors.setColor(QPalette::Window,
                     shown.color.isValid() ? shown.color : colors.color(QPalette::Base));
