@@ -30,5 +30,7 @@ run_packages=(libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core)
 display_packages=(xvfb openbox xdotool)
 # What the tests run on exported source code, beside g++, and on an installation.
 test_packages=(nodejs libjs-three python3 man-db desktop-file-utils shared-mime-info)
+# tools/make_manual.sh: pictures with 192 colours take a third of the room.
+manual_packages=(pngquant)
 # fuzz/run.sh: clang, its sanitizers and libFuzzer, and what names the lines of a report.
 fuzz_packages=(clang libclang-rt-dev llvm cmake ninja-build)

@@ -88,6 +88,7 @@ for command in $subcommands; do
     grep -q "^\.B $command$" korvane-cli.1 || fail "korvane-cli.1 lacks $command"
     for option in $("$cli" "$command" --help | grep -oE '^  (-[a-z],)?--[a-z-]+' | grep -oE -- '--.*'); do
         sed 's/\\-/-/g' korvane-cli.1 | grep -q -- "$option\b" || fail "korvane-cli.1 lacks $option"
+        grep -q -- "$option\b" "$usr/share/korvane/Help/Korvane/cli.htm" || fail "cli.htm lacks $option"
     done
 done
 
