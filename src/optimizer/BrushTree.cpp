@@ -14,15 +14,12 @@ Bounds Union(const Bounds& a, const Bounds& b) {
             {std::max(a.max.x, b.max.x), std::max(a.max.y, b.max.y), std::max(a.max.z, b.max.z)}};
 }
 
+/// Twice the middle. Bounds without end on both sides have none, and a sort needs a number.
 double Middle(const Bounds& b, int axis) {
-    switch (axis) {
-        case 0:
-            return double{b.min.x} + b.max.x;
-        case 1:
-            return double{b.min.y} + b.max.y;
-        default:
-            return double{b.min.z} + b.max.z;
-    }
+    constexpr float Vec3::*kAxes[] = {&Vec3::x, &Vec3::y, &Vec3::z};
+    const auto place = kAxes[axis];
+    const double sum = double{b.min.*place} + b.max.*place;
+    return std::isnan(sum) ? 0 : sum;
 }
 
 bool Meet(const Bounds& a, const Bounds& b) {

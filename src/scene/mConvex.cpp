@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "scene/mMerge.h"
+
 namespace korvane {
 namespace {
 
@@ -53,22 +55,12 @@ double LargestCoordinate(const Brush& brush) {
     return largest;
 }
 
-/// For every vertex the first one in the same place.
-std::vector<std::int32_t> Places(const Brush& brush) {
-    std::vector<std::int32_t> places;
-    for (const Vertex& vertex : brush.vertices) {
-        const auto same = std::ranges::find_if(
-            brush.vertices, [&](const Vertex& v) { return v.Position() == vertex.Position(); });
-        places.push_back(static_cast<std::int32_t>(same - brush.vertices.begin()));
-    }
-    return places;
-}
-
 /// Whether each side is run along as often one way as the other.
 bool IsClosed(const Brush& brush) {
     using Edge = std::pair<std::int32_t, std::int32_t>;
     std::vector<Edge> forward, backward;
-    const std::vector<std::int32_t> places = Places(brush);
+    // Hashed: a file may put a cloud of vertices behind one face.
+    const std::vector<std::int32_t> places = FirstOfPosition(brush.vertices);
     const auto add = [&](std::int32_t from, std::int32_t to) {
         const Edge edge = std::minmax(places[from], places[to]);
         if (edge.first == edge.second) return;

@@ -15,7 +15,8 @@ std::size_t HashOf(const Vec3& p) {
     return static_cast<std::size_t>(h >> 32);
 }
 
-/// For every vertex the index of the first one at its position.
+}  // namespace
+
 std::vector<std::int32_t> FirstOfPosition(const std::vector<Vertex>& vertices) {
     constexpr std::int32_t kFree = -1;
     const std::size_t size = std::bit_ceil(2 * vertices.size() + 1);
@@ -33,8 +34,6 @@ std::vector<std::int32_t> FirstOfPosition(const std::vector<Vertex>& vertices) {
     }
     return first;
 }
-
-}  // namespace
 
 void MergeEqualVertices(Brush& brush) {
     const std::vector<std::int32_t> first = FirstOfPosition(brush.vertices);
