@@ -20,6 +20,13 @@ std::vector<std::size_t> ChosenRows(const QListWidget* list) {
     return rows;
 }
 
+/// A file may name a group as it likes; the list would measure and paint every letter of it.
+QString RowText(const std::string& row) {
+    constexpr qsizetype kMostLetters = 200;
+    const QString text = QString::fromStdString(row);
+    return text.size() > kMostLetters ? text.left(kMostLetters) + "…" : text;
+}
+
 }  // namespace
 
 frmSelect::frmSelect(Editor& editor, QWidget* parent)
@@ -52,7 +59,7 @@ QListWidget* frmSelect::MakeList(const char* name, const char* caption,
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);  // thousands of brushes need not be measured one by one
     QStringList texts;
-    for (const std::string& row : rows) texts.append(QString::fromStdString(row));
+    for (const std::string& row : rows) texts.append(RowText(row));
     list->addItems(texts);
     return list;
 }

@@ -225,12 +225,14 @@ ucPropertyPanel::NumberPair ucPropertyPanel::AddNumbers(const char* label, const
     return pair;
 }
 
-/// Enter sets the group, unless the box only says that there are several. A focus that leaves for
-/// no other text box goes back to the views.
+/// Enter sets the group that was typed: the box may only say that there are several, and it cuts
+/// a group of a file that is longer than it can hold. A focus that leaves for no other text box
+/// goes back to the views.
 void ucPropertyPanel::ConnectGroupBox() {
     connect(txtBrushGroup_, &QLineEdit::returnPressed, this, [this] {
         const std::string group = txtBrushGroup_->text().toStdString();
-        if (group != kMultipleGroups) SetGroupOfSelection(editor_, group);
+        if (txtBrushGroup_->isModified() && group != kMultipleGroups)
+            SetGroupOfSelection(editor_, group);
         editor_.host.FocusViews();
     });
     connect(txtBrushGroup_, &QLineEdit::editingFinished, this, [this] {
