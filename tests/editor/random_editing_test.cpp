@@ -4,7 +4,6 @@
 // KORVANE_RANDOM_SEED and KORVANE_RANDOM_STEPS choose another run than the usual one.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdlib>
 #include <random>
 
@@ -13,8 +12,8 @@
 #include "editor/mSelectDialog.h"
 #include "editor/mTextureCommands.h"
 #include "editor/mUndo.h"
-#include "scene/mNormals.h"
 #include "scene/mSelection.h"
+#include "support/SceneInvariants.h"
 #include "support/SessionFixture.h"
 
 namespace korvane {
@@ -136,45 +135,7 @@ class RandomEditingTest : public test::SessionTest {
         }
     }
 
-    void CheckBrush(const Brush& brush) {
-        const auto count = static_cast<std::int32_t>(brush.vertices.size());
-        for (const Vertex& v : brush.vertices) {
-            ASSERT_TRUE(std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z));
-        }
-        for (const BrushFace& face : brush.faces) {
-            for (const std::int32_t i : {face.a, face.b, face.c}) ASSERT_TRUE(i >= 0 && i < count);
-        }
-        Brush fresh = brush;
-        UpdateBrushNormals(fresh);
-        UpdateTextureCoords(fresh, editor.Space());
-        for (std::size_t f = 0; f < brush.faces.size(); ++f) {
-            ASSERT_EQ(brush.faces[f].normal, fresh.faces[f].normal) << "stale";
-            ASSERT_EQ(brush.faces[f].cornerNormals, fresh.faces[f].cornerNormals) << "stale";
-            ASSERT_EQ(brush.faces[f].uv, fresh.faces[f].uv) << "stale";
-        }
-        if (brush.shape == Box) CheckRings(brush);
-    }
-
-    /// The caps of a box lie in its two rings, one each.
-    void CheckRings(const Brush& box) {
-        const auto n = static_cast<std::int32_t>(box.vertices.size()) / 2;
-        ASSERT_EQ(box.vertices.size(), static_cast<std::size_t>(2 * n));
-        ASSERT_EQ(box.faces.size(), static_cast<std::size_t>(4 * n - 4));
-        for (const BrushFace& face : box.faces) {
-            for (const std::int32_t corner : {face.a, face.b, face.c}) {
-                ASSERT_TRUE(face.polygonId > 2 || corner / n == face.polygonId - 1);
-            }
-        }
-    }
-
-    void CheckScene() {
-        std::int32_t index = 0;
-        for (const Brush& brush : editor.scene.brushes) {
-            ASSERT_EQ(brush.name, DefaultBrushName(index++));
-            ASSERT_NO_FATAL_FAILURE(CheckBrush(brush));
-        }
-        ASSERT_EQ(bool{editor.scene.markerShown}, editor.markerForms > 0);
-    }
+    void CheckScene() { ASSERT_EQ(test::SceneProblem(editor), ""); }
 
     test::Bytes BytesWithoutSelection() const {
         return EncodeObject(editor.scene, editor.textures, false);
