@@ -189,6 +189,7 @@ using EnabledWhen::Clipboard;
 using EnabledWhen::NotYet;
 using EnabledWhen::RedoAvailable;
 using EnabledWhen::Selection;
+using EnabledWhen::TwoBrushes;
 using EnabledWhen::UndoAvailable;
 
 // clang-format off
@@ -298,7 +299,7 @@ const Command kCommands[] = {
     {"mnuInvert", "mnuModify", "Invert", Selection, CheckKind::None, nullptr, InvertBrushes, {}},
     {"mnuMultiply", "mnuModify", "Multiply Brushes...", Selection, CheckKind::None, nullptr, Open<Form::Multiply>,
      {EditBar, 20, "Multiply Selected Brushes...", "Multiply Brushes: Mulptiply selected brushes with offsets and rotations"}, kSeparator},
-    {"mnuOptimize", "mnuModify", "Optimize Object...", Always, CheckKind::None, nullptr, OpenOptimize, {}},
+    {"mnuOptimize", "mnuModify", "Optimize Object...", TwoBrushes, CheckKind::None, nullptr, OpenOptimize, {}},
 
     {"mnuStatistics", "mnuInfo", "Object Statistics...", Always, CheckKind::None, nullptr, Open<Form::Statistics>, {}},
 
@@ -329,6 +330,8 @@ bool IsEnabled(const Command& command, const Editor& editor) {
             return SelectedBrushIndex(editor.scene) >= 0;
         case Clipboard:
             return !editor.scene.clipboard.empty();
+        case TwoBrushes:
+            return editor.scene.brushes.size() >= 2;
         case UndoAvailable:
             return editor.undo.UndoCount > 0;
         case RedoAvailable:

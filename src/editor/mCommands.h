@@ -15,6 +15,7 @@ enum class EnabledWhen {
     Always,
     Selection,      ///< at least one brush is selected
     Clipboard,      ///< at least one brush was copied
+    TwoBrushes,     ///< the object has at least two brushes
     UndoAvailable,  ///< there is a snapshot to go back to
     RedoAvailable,  ///< there is one to go forth to
     NotYet          ///< the capability is still to come; the entry stands there disabled

@@ -35,6 +35,10 @@ TEST_F(EditCommandsTest, CommandsAreEnabledByWhatTheyNeed) {
     EXPECT_TRUE(Enabled("mnuPaste"));
     Run("mnuPaste");
     EXPECT_TRUE(Enabled("mnuUndo"));
+    for (const bool enabled : {true, false}) {
+        Brushes().resize(enabled ? 2 : 1);
+        EXPECT_EQ(Enabled("mnuOptimize"), enabled);
+    }
 }
 
 TEST_F(EditCommandsTest, EveryTransformIsOneUndoStepAndTurnsTheWayItsNameSays) {

@@ -43,6 +43,7 @@ class OptimizeDialogTest : public GuiTest {
             told = true;
             story(*dialog);
         });
+        window->ShowCommandStates();
         Choose("mnuOptimize");
         EXPECT_TRUE(told);
     }
@@ -84,6 +85,7 @@ class OptimizeDialogTest : public GuiTest {
 };
 
 TEST_F(OptimizeDialogTest, OffersTheChoicesAndClosesAsChanged) {
+    AddCube(2);
     Choose("mnuViewTop");
     Session().SceneModified = false;
     WithDialog([&](QDialog& dialog) {

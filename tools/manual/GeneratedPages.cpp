@@ -46,7 +46,8 @@ struct Note {
 
 constexpr Note kNotes[] = {
     {"mnuExport3DS", "Writes the visible faces as a 3DStudio mesh"},
-    {"mnuExportOBJ", "Writes the visible faces as a Wavefront mesh, with its materials and textures"},
+    {"mnuExportOBJ",
+     "Writes the visible faces as a Wavefront mesh, with its materials and textures"},
     {"mnuExportGLB", "Writes the visible faces as one glTF 2.0 file that holds the textures"},
     {"mnuExportSourceCode", "Writes the visible faces as program source text from a template"},
     {"mnuClearRecentFiles", "Empties the list of the objects opened and saved last"},
@@ -93,6 +94,8 @@ QString Needs(EnabledWhen when) {
             return "a selection";
         case EnabledWhen::Clipboard:
             return "copied brushes";
+        case EnabledWhen::TwoBrushes:
+            return "two brushes";
         case EnabledWhen::UndoAvailable:
             return "a change to take back";
         case EnabledWhen::RedoAvailable:
