@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QPalette>
 #include <QSurfaceFormat>
 #include <iostream>
 #include <string>
@@ -23,6 +24,15 @@ void AskForDesktopOpenGL() {
     format.setRenderableType(QSurfaceFormat::OpenGL);
     format.setProfile(QSurfaceFormat::CompatibilityProfile);
     QSurfaceFormat::setDefaultFormat(format);
+}
+
+/// Qt 6.4 leaves placeholders black where a desktop hands over a dark palette without their colour.
+void KeepPlaceholdersLegible() {
+    QColor faint = QApplication::palette().color(QPalette::Text);
+    faint.setAlpha(128);
+    QPalette palette;
+    palette.setColor(QPalette::PlaceholderText, faint);
+    QApplication::setPalette(palette);
 }
 
 void OpenArgument(korvane::Editor& editor) {
@@ -56,6 +66,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Korvane");
     QApplication::setDesktopFileName("org.korvane.Korvane");
     QApplication application(argc, argv);
+    KeepPlaceholdersLegible();
     korvane::QtPrompts prompts;
     const korvane::ProgramFolders folders =
         korvane::FindFolders(QApplication::applicationDirPath().toStdString());
