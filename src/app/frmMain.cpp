@@ -57,8 +57,9 @@ QString DraggedObject(const QMimeData& data) {
 
 /// The file is only read: a source that hears of a move may remove it.
 void AcceptAsCopy(QDropEvent& event) {
-    event.acceptProposedAction();
-    if (event.possibleActions() & Qt::CopyAction) event.setDropAction(Qt::CopyAction);
+    if (!(event.possibleActions() & Qt::CopyAction)) return;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 }  // namespace

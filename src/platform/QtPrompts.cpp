@@ -149,14 +149,14 @@ std::optional<Color> QtPrompts::AskColor(Color color) {
 std::optional<std::string> QtPrompts::Ask(QFileDialog& box, const FileDialog& dialog) {
     box.setWindowTitle(QString::fromStdString(dialog.title));
     box.setNameFilter(NameFilter(dialog));
-    const QString start = QString::fromStdString(dialog.initialFolder);
-    if (!start.isEmpty() || !folder_.isEmpty()) {
-        box.setDirectory(start.isEmpty() ? folder_ : start);
-    } else if (!CanHoldFiles(QDir::currentPath())) {
-        box.setDirectory(DocumentsFolder());  // a desktop may start programs in the root folder
-    }
-    const QString proposed = QString::fromStdString(dialog.proposedPath);
     const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
+    const QString start = QString::fromStdString(dialog.initialFolder);
+    const QString chosen = start.isEmpty() ? folder_ : start;
+    // A desktop may start programs in the root folder; samples may lie where only root may save.
+    const QString folder = chosen.isEmpty() ? QDir::currentPath() : chosen;
+    const bool mayBeReadOnly = !saves && !chosen.isEmpty();
+    box.setDirectory(mayBeReadOnly || CanHoldFiles(folder) ? folder : DocumentsFolder());
+    const QString proposed = QString::fromStdString(dialog.proposedPath);
     if (!proposed.isEmpty()) box.selectFile(saves ? SavablePath(proposed) : proposed);
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = box.selectedFiles().constFirst();

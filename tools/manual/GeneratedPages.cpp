@@ -227,8 +227,7 @@ than those listed here; the menus show them.</p>
 <tr><th>Key</th><th>What it does</th></tr>
 <tr><td><kbd>Tab</kbd>, <kbd>Shift+Tab</kbd></td><td>from the views to the buttons, boxes and textures, and
 back</td></tr>
-<tr><td><kbd>Esc</kbd></td><td>leaves a control for the views; ends a drag where it is, and
-mouse-look</td></tr>
+<tr><td><kbd>Esc</kbd></td><td>leaves a control for the views; ends a drag where it is</td></tr>
 <tr><td><kbd>Enter</kbd></td><td>takes over what was typed into a box of the properties, and goes back to the
 views</td></tr>
 <tr><td><kbd>Alt</kbd> and the underlined letter</td><td>opens a menu</td></tr>
@@ -242,8 +241,8 @@ views</td></tr>
 
 QString CommandsPage() {
     QString body =
-        R"(<p>Everything that the menus hold. The status bar says the same while you go through a menu or rest
-the mouse on a button. <i>Button</i> tells which of the two
+        R"(<p>Everything that the menus hold. Of commands that have a button, the status bar tells while you go
+through a menu or rest the mouse on the button. <i>Button</i> tells which of the two
 bars has a button for the command, <i>Needs</i> what must be there before it can be used. What the
 commands do in full stands on the pages before.</p>
 <figure><img src="bars-tool.png" alt="The upper row of buttons">

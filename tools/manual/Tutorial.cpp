@@ -225,7 +225,7 @@ When you have seen enough, choose {mnuView4Way} or press {key: View: 4-Way Split
 only: press <b class="ui">No</b>. The name <code>myhouse.3ds</code> is proposed already; press Enter. Beside your object
 now lies <code>myhouse.3ds</code>, a mesh that other 3D programs open. It names the textures but does not hold them: put
 <code>Brick.jpg</code>, <code>Roof_Tiles.gif</code> and <code>Door.tga</code> from the folder
-<a href="files.htm#folders">ObjTextures</a> beside it.</p>)",
+<a href="files.htm#folders">ObjTextures</a> beside it. {mnuExportGLB} gives one file that holds them, too.</p>)",
      "tutorial-export", "The question before the export", ExportIt},
 };
 
