@@ -33,10 +33,11 @@ std::string ObjectName(const std::string& path) {
     return MeshName(Stem(path.substr(FolderOf(path).size())));
 }
 
-/// Objects of foreign origin may name anything; a texture is a file right in its folder.
+/// Objects of foreign origin may name anything; a texture is a file right in its folder, for a
+/// reader on any system: a backslash leads elsewhere on Windows, even to other machines.
 bool IsPlainFileName(const std::string& name) {
     return !name.empty() && std::ranges::none_of(name, [](char c) {
-        return c == '/' || static_cast<unsigned char>(c) < ' ';
+        return c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ';
     });
 }
 
@@ -113,7 +114,9 @@ Pictures CopiesFor(const std::string& folder, std::span<const MeshMaterial> look
         if (look.map.empty() || !seen.insert(look.map).second) continue;
         const std::string target = folder + look.map;
         std::error_code ignored;
-        if (std::filesystem::exists(std::u8string(target.begin(), target.end()), ignored)) continue;
+        const std::u8string name(target.begin(), target.end());
+        // A link takes its name wherever it leads, and be it nowhere yet.
+        if (std::filesystem::exists(std::filesystem::symlink_status(name, ignored))) continue;
         auto bytes = LoadFile(textureFolder + "/" + look.map);
         if (!bytes) continue;
         copies.files.push_back({target, copies.bytes.emplace_back(std::move(*bytes))});

@@ -18,8 +18,8 @@ using PngMaker = std::function<std::optional<std::vector<std::uint8_t>>(const st
 
 /// Stores the faces as a Wavefront file (UTF-8 path) and their materials beside it in a file of
 /// its name that ends in .mtl, with underscores for blanks. The textures of the folder that it
-/// uses are copied beside it; a file that is there already is left as it is. All of these are
-/// written or none; false: none.
+/// uses are copied beside it; one of that name that is there already is left as it is. False when
+/// they can't be written; see SaveFiles.
 bool SaveOBJ(const std::string& path, const Scene& scene, const TextureLibrary& library,
              const std::string& textureFolder);
 

@@ -290,7 +290,8 @@ TEST_F(InterchangeTest, ForeignTextureNamesDoNoHarm) {
     const std::string secret = "\x89PNG secret";
     WriteFileBytes(folder.Path("secret.png"), Bytes(secret.begin(), secret.end()));
     WriteFileBytes(folder.Path("textures/text.bmp"), Bytes(secret.begin() + 5, secret.end()));
-    for (const char* name : {"../secret.png", "lost.jpg", "a\nmap_Kd b.jpg", "..", "text.bmp"}) {
+    for (const char* name :
+         {"../secret.png", "lost.jpg", "a\nmap_Kd b.jpg", "..", "text.bmp", "\\\\host\\b.jpg"}) {
         SceneMaker maker;
         maker.library.SelectTexture(maker.library.AddTexture(name, 32, 32));
         maker.Create(Box, 4, {0, 0, 0}, {1, 1, 1});
