@@ -1,8 +1,11 @@
-// The 3DS export of 120,000 triangles, each operation beside its reference in the same run:
+// Exports, each operation beside its reference in the same run. Of 120,000 triangles:
 //   builder : smooth faces, at most 1/8 of the time that the linear search takes
 //   lib3ds  : the whole export to a file, at most half of the time that lib3ds takes to write it
 //   assimp  : the same, at most a third of assimp's time
 //   text    : the default C++ code of the same scene, beside copying the text
+// Of 16,000 boxes, as OBJ and GLB:
+//   crowd   : in 100 groups of two materials each, or all in one place, beside the same boxes apart
+//             and in one group; about as long
 // The references write meshes that are ready in their own memory. The export waits until its file
 // is on the disk, which they leave out, so both sides write where that costs nothing: into memory.
 // In the runs on a disk the references wait as well; those tell more of the disk than of the work.
@@ -21,6 +24,7 @@
 #include "export/MeshBuilder.h"
 #include "export/mExport3DS.h"
 #include "export/mSourceCode.h"
+#include "interchange/mInterchange.h"
 #include "scene/mBrush.h"
 #include "support/PlainMeshBuilder.h"
 
@@ -161,6 +165,40 @@ void Text(benchmark::State& state) {
         [&] { benchmark::DoNotOptimize(std::string(text)); });
 }
 
+/// Boxes of two materials in turn.
+struct Boxes {
+    TextureLibrary library;
+    Scene scene;
+
+    Boxes(bool grouped, bool inOnePlace) {
+        const std::int32_t textures[] = {0, library.AddTexture("texture.jpg", 256, 256)};
+        for (int i = 0; i < 16'000; ++i) {
+            library.SelectTexture(textures[i % 2]);
+            const float x = inOnePlace ? 0 : static_cast<float>(i % 100) * 2;
+            const float z = inOnePlace ? 0 : static_cast<float>(i / 100) * 2;
+            CreateBrush(scene, {x, 0, z}, {x + 1, 1, z + 1}, 4, {library});
+            if (grouped) scene.brushes.back().group = "group " + std::to_string(i / 2 % 100);
+        }
+    }
+};
+
+void Crowd(benchmark::State& state) {
+    const bool glb = state.range(0) != 0, inOnePlace = state.range(1) != 0;
+    const Boxes crowd(!inOnePlace, inOnePlace), plain(false, false);
+    const std::filesystem::path folder = "/dev/shm/korvane-bench";
+    std::filesystem::create_directories(folder);
+    bool good = true;
+    const auto save = [&](const Boxes& boxes) {
+        const std::string path = (folder / "boxes").string();
+        good &= glb ? SaveGLB(path + ".glb", boxes.scene, boxes.library, "", nullptr)
+                    : SaveOBJ(path + ".obj", boxes.scene, boxes.library, "");
+    };
+    Compare(
+        state, [&] { save(crowd); }, [&] { save(plain); });
+    std::filesystem::remove_all(folder);
+    if (!good) state.SkipWithError("could not save");
+}
+
 void SmoothAndOnDisk(benchmark::internal::Benchmark* bench) {
     bench->ArgNames({"smooth", "disk"})->ArgsProduct({{0, 1}, {0, 1}});
     bench->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -169,6 +207,11 @@ void SmoothAndOnDisk(benchmark::internal::Benchmark* bench) {
 BENCHMARK(Builder)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(WholeBesideLib3ds)->Apply(SmoothAndOnDisk);
 BENCHMARK(WholeBesideAssimp)->Apply(SmoothAndOnDisk);
+BENCHMARK(Crowd)
+    ->ArgNames({"glb", "one_place"})
+    ->ArgsProduct({{0, 1}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(Text)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace

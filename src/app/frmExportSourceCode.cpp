@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -25,6 +26,18 @@ constexpr QSize kSize(760, 540);  // pixels
 enum Button { Ok, Cancel, Clear, Open, Save, VBCode, CppCode };
 constexpr const char* kCaptions[] = {"OK",   "Cancel",          "Clear",           "Open",
                                      "Save", "Default VB Code", "Default C++ Code"};
+
+/// A box for code. Qt 6.4 reads the first format of what is pasted or dropped without asking
+/// whether there is one, and crashes on a clipboard that nobody owns.
+class CodeBox : public QPlainTextEdit {
+  public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+  protected:
+    void insertFromMimeData(const QMimeData* source) override {
+        if (source && source->hasText()) QPlainTextEdit::insertFromMimeData(source);
+    }
+};
 
 QFont CodeFont() {
     QFont font;
@@ -99,7 +112,7 @@ frmExportSourceCode::frmExportSourceCode(Editor& editor, QWidget* parent)
 }
 
 QPlainTextEdit* frmExportSourceCode::MakeText(const char* name, const QString& accessibleName) {
-    auto* box = new QPlainTextEdit(this);
+    auto* box = new CodeBox(this);
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
     box->setFont(CodeFont());

@@ -132,6 +132,13 @@ std::string FromSingleByte(std::string_view bytes) {
     return out;
 }
 
+std::string ValidUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) AppendUtf8(out, TakeCharacter(text));
+    return out;
+}
+
 std::size_t CharacterCount(std::string_view utf8) {
     std::size_t count = 0;
     for (; !utf8.empty(); ++count) TakeCharacter(utf8);

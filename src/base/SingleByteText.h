@@ -14,6 +14,9 @@ std::string ToSingleByte(std::string_view utf8);
 /// same value, so every byte string survives the round trip.
 std::string FromSingleByte(std::string_view bytes);
 
+/// The text with bytes that are no valid UTF-8 replaced by the characters of the same value.
+std::string ValidUtf8(std::string_view text);
+
 /// Number of characters of UTF-8 text, which is the number of bytes it has in a file.
 std::size_t CharacterCount(std::string_view utf8);
 

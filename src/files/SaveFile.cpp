@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/PathText.h"
 #include "files/Descriptor.h"
 #include "files/FileBuffer.h"
 
@@ -17,11 +18,6 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kLongestFile = std::numeric_limits<std::int32_t>::max();
-
-/// The folder of the path, with its slash; empty for a bare name.
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
 
 /// The path that symbolic links lead to in the end, whether or not a file is there; empty where
 /// they lead in a circle.

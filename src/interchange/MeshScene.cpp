@@ -5,6 +5,7 @@
 #include <cstring>
 #include <map>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "base/Rounding.h"
@@ -13,7 +14,9 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kLongestName = 255;  // bytes
-constexpr float kPlainGrey = 192.0F / 255;
+
+/// assimp compares each corner of a mesh with all others in its place.
+constexpr int kMostInOnePlace = 1000;
 
 template <class T>
 using Owned = std::vector<std::unique_ptr<T>>;
@@ -62,29 +65,52 @@ struct Corners {
     std::vector<aiVector3D> texCoords;
 };
 
-void AddFace(Corners& corners, const ExportFace& exported) {
-    const BrushFace& face = *exported.face;
+std::array<aiVector3D, 3> PositionsOf(const ExportFace& face) {
     std::array<aiVector3D, 3> positions;
-    std::ranges::transform(exported.Corners(), positions.begin(), [](const Vec3& p) {
+    std::ranges::transform(face.Corners(), positions.begin(), [](const Vec3& p) {
         return aiVector3D(Finite(p.x), Finite(p.y), Finite(p.z));
     });
-    const auto flat = NormalOf(positions);
-    if (!flat) return;
+    return positions;
+}
+
+void AddFace(Corners& corners, const BrushFace& face, const std::array<aiVector3D, 3>& positions,
+             const aiVector3D& flat) {
     for (std::size_t i = 0; i < 3; ++i) {
         const Vec3& n = face.cornerNormals[i];
         const TexCoord& uv = face.uv[i];
         corners.positions.push_back(positions[i]);
-        corners.normals.push_back(face.smooth == 1 ? Unit(n.x, n.y, n.z).value_or(*flat) : *flat);
+        corners.normals.push_back(face.smooth == 1 ? Unit(n.x, n.y, n.z).value_or(flat) : flat);
         corners.texCoords.emplace_back(Finite(uv.u), Finite(uv.v), 0.0F);
     }
 }
 
-/// Null without a face that has an area.
-std::unique_ptr<aiMesh> MeshOf(const std::vector<ExportFace>& faces, const std::string& name,
-                               unsigned material) {
-    Corners corners;
-    for (const ExportFace& face : faces) AddFace(corners, face);
-    if (corners.positions.empty()) return nullptr;
+/// The corners of the faces that have an area, in as few meshes as may be: one, but for places
+/// where thousands meet.
+std::vector<Corners> Divide(const std::vector<ExportFace>& faces) {
+    const auto hash = [](const aiVector3D& p) {
+        const std::hash<float> of;
+        return (of(p.x) * 31 + of(p.y)) * 31 + of(p.z);
+    };
+    const auto same = [](const aiVector3D& p, const aiVector3D& q) {
+        return p.x == q.x && p.y == q.y && p.z == q.z;
+    };
+    std::unordered_map<aiVector3D, int, decltype(hash), decltype(same)> seen(faces.size(), hash,
+                                                                             same);
+    std::vector<Corners> meshes;
+    for (const ExportFace& face : faces) {
+        const auto positions = PositionsOf(face);
+        const auto flat = NormalOf(positions);
+        if (!flat) continue;
+        int crowd = 0;
+        for (const aiVector3D& p : positions) crowd = std::max(crowd, seen[p]++);
+        const auto mesh = static_cast<std::size_t>(crowd / kMostInOnePlace);
+        if (mesh >= meshes.size()) meshes.resize(mesh + 1);
+        AddFace(meshes[mesh], *face.face, positions, *flat);
+    }
+    return meshes;
+}
+
+std::unique_ptr<aiMesh> MeshOf(const Corners& corners, const std::string& name, unsigned material) {
     auto mesh = std::make_unique<aiMesh>();
     mesh->mName = aiString(name);
     mesh->mMaterialIndex = material;
@@ -107,8 +133,7 @@ std::unique_ptr<aiMaterial> MaterialOf(const MeshMaterial& look) {
     auto material = std::make_unique<aiMaterial>();
     const aiString name(look.name);
     const aiString map(look.map);
-    const float shade = look.map.empty() ? kPlainGrey : 1;
-    const aiColor3D color(shade, shade, shade);
+    const aiColor3D color(look.shade, look.shade, look.shade);
     material->AddProperty(&name, AI_MATKEY_NAME);
     material->AddProperty(&color, 1, AI_MATKEY_COLOR_DIFFUSE);
     material->AddProperty(&look.opacity, 1, AI_MATKEY_OPACITY);
@@ -184,10 +209,10 @@ std::unique_ptr<aiScene> BuildMeshScene(std::span<const ExportMaterial> material
     for (std::size_t i = 0; i < materials.size(); ++i) {
         for (const auto& [group, faces] : ByGroup(materials[i].faces)) {
             const std::string meshName = group.empty() ? name : MeshName(group);
-            auto mesh = MeshOf(faces, meshName, static_cast<unsigned>(i));
-            if (!mesh) continue;
-            ofGroup[group].push_back(static_cast<unsigned>(meshes.size()));
-            meshes.push_back(std::move(mesh));
+            for (const Corners& corners : Divide(faces)) {
+                ofGroup[group].push_back(static_cast<unsigned>(meshes.size()));
+                meshes.push_back(MeshOf(corners, meshName, static_cast<unsigned>(i)));
+            }
         }
     }
     scene->mRootNode = NodesOf(ofGroup, name).release();

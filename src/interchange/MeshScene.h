@@ -16,7 +16,8 @@ namespace korvane {
 /// How one of the ExportMaterials is written.
 struct MeshMaterial {
     std::string name;
-    std::string map;  ///< path of its picture, or "*2" for the embedded one 2; empty: plain grey
+    std::string map;  ///< path of its picture, or "*2" for the embedded one 2; empty: none
+    float shade = 1;  ///< grey of the surface, 0 black to 1 white
     float opacity = 1;
 };
 
@@ -32,9 +33,10 @@ struct EmbeddedPicture {
 std::string MeshName(const std::string& text);
 
 /// A mesh for each pair of group and material, below a node for the group; what is in no group
-/// hangs at the root, which is called `name`. `looks` has an entry for each material. Positions
-/// and texture coordinates are as in the editor, and finite; normals are of unit length: those of
-/// the corners where a face is smooth, else that of the face. Faces without an area are left out.
+/// hangs at the root, which is called `name`. Where thousands of corners meet in one place, a pair
+/// has several. `looks` has an entry for each material. Positions and texture coordinates are as in
+/// the editor, and finite; normals are of unit length: those of the corners where a face is smooth,
+/// else that of the face. Faces without an area are left out.
 std::unique_ptr<aiScene> BuildMeshScene(std::span<const ExportMaterial> materials,
                                         std::span<const MeshMaterial> looks,
                                         std::span<const EmbeddedPicture> pictures,

@@ -10,7 +10,10 @@
 #include <string_view>
 #include <utility>
 
+#include "base/PathText.h"
+#include "base/SingleByteText.h"
 #include "files/FileBuffer.h"
+#include "files/LittleEndian.h"
 #include "interchange/MeshScene.h"
 
 namespace korvane {
@@ -18,19 +21,15 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 /// The name without its last extension.
 std::string Stem(const std::string& name) {
     const std::size_t dot = name.rfind('.');
     return dot == std::string::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-/// How the object is called, after its file.
+/// How the object is called, after its file, whose name may be any bytes.
 std::string ObjectName(const std::string& path) {
-    return MeshName(Stem(path.substr(FolderOf(path).size())));
+    return MeshName(ValidUtf8(Stem(path.substr(FolderOf(path).size()))));
 }
 
 /// Objects of foreign origin may name anything; a texture is a file right in its folder, for a
@@ -67,10 +66,20 @@ std::vector<MeshMaterial> LooksOf(std::span<const ExportMaterial> materials) {
     MaterialNames names;
     for (const ExportMaterial& material : materials) {
         const std::string& file = material.MapFileName;
-        looks.push_back(
-            {names.NameOf(material), IsPlainFileName(file) ? file : "", OpacityOf(material)});
+        looks.push_back({.name = names.NameOf(material),
+                         .map = IsPlainFileName(file) ? file : "",
+                         .opacity = OpacityOf(material)});
     }
     return looks;
+}
+
+/// What has no picture is grey, as in the preview. glTF has linear light, where that is darker.
+constexpr float kPlainGrey = 192.0F / 255;
+constexpr float kPlainGreyLinear = 0.527115F;  // ((kPlainGrey + 0.055) / 1.055)^2.4
+
+void ShadePlain(std::span<MeshMaterial> looks, float grey) {
+    for (MeshMaterial& look : looks)
+        if (look.map.empty()) look.shade = grey;
 }
 
 /// The files of a format, the chief one first; none where assimp refuses. Valid as long as the
@@ -93,9 +102,14 @@ Bytes WithoutEmptyDeclarations(std::span<const std::uint8_t> glb) {
     constexpr std::string_view kEmpty[] = {
         R"("extensionsUsed":["KHR_materials_volume","FB_ngon_encoding"],)",
         R"("extensionsUsed":["FB_ngon_encoding"],)", R"("buffers":[],)"};
+    constexpr std::size_t kLengthOfJson = 12, kJson = 20;  // bytes from the start
     Bytes bytes(glb.begin(), glb.end());
+    if (bytes.size() < kJson) return bytes;
+    const auto length = static_cast<std::uint32_t>(FetchLong(&bytes[kLengthOfJson]));
+    const auto json =
+        std::span(bytes).subspan(kJson, std::min<std::size_t>(length, bytes.size() - kJson));
     for (const std::string_view text : kEmpty)
-        std::ranges::fill(std::ranges::search(bytes, text), ' ');
+        std::ranges::fill(std::ranges::search(json, text), ' ');
     return bytes;
 }
 
@@ -167,14 +181,17 @@ std::vector<EmbeddedPicture> EmbedAll(std::span<MeshMaterial> looks, const std::
 bool SaveOBJ(const std::string& path, const Scene& scene, const TextureLibrary& library,
              const std::string& textureFolder) {
     const auto materials = CollectMaterials(scene, library);
-    const auto looks = LooksOf(materials);
+    auto looks = LooksOf(materials);
+    Pictures copies = CopiesFor(FolderOf(path), looks, textureFolder);
+    for (MeshMaterial& look : looks)
+        if (look.map.starts_with('-')) look.map.insert(0, "./");  // no option to the map
+    ShadePlain(looks, kPlainGrey);
     // A file that is itself called .mtl needs another name for its materials.
     const std::string name = ObjectName(path.ends_with(".mtl") ? path + ".obj" : path);
     const auto meshes = BuildMeshScene(materials, looks, {}, name);
     Assimp::Exporter exporter;
     const auto written = Write(exporter, *meshes, "obj", name);
     if (written.size() != 2) return false;
-    Pictures copies = CopiesFor(FolderOf(path), looks, textureFolder);
     copies.files.push_back({FolderOf(path) + name + ".mtl", written[1]});
     copies.files.push_back({path, written[0]});
     return SaveFiles(copies.files);
@@ -185,6 +202,7 @@ bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& 
     const auto materials = CollectMaterials(scene, library);
     auto looks = LooksOf(materials);
     const auto pictures = EmbedAll(looks, textureFolder, makePng);
+    ShadePlain(looks, kPlainGreyLinear);
     const auto meshes = BuildMeshScene(materials, looks, pictures, ObjectName(path));
     Assimp::Exporter exporter;
     const auto written = Write(exporter, *meshes, "glb2", ObjectName(path));

@@ -276,12 +276,21 @@ class BoundsTest : public GuiTest {
     }
 
     void Exports() {
-        prompts.paths = {PathOf("bad.txt"), PathOf("bad.3ds")};
+        prompts.paths = {PathOf("bad.txt"), PathOf("bad.3ds"), PathOf("bad.obj"),
+                         PathOf("bad.glb")};
         ExportSourceCode(Session(), NumbersOnly());
         Export3DS(Session());
+        ExportOBJ(Session());
+        ExportGLB(Session());
         const Bytes text = FileBytes(PathOf("bad.txt"));
         EXPECT_EQ(std::string(text.begin(), text.end()).find_first_not_of("0123456789.- \r\n"),
                   std::string::npos);
+        for (const char* const file : {"bad.obj", "bad.glb"}) {
+            const Bytes mesh = FileBytes(PathOf(file));
+            ASSERT_FALSE(mesh.empty());
+            for (const std::string_view word : {"nan", "inf"})
+                EXPECT_TRUE(std::ranges::search(mesh, word).empty()) << file;
+        }
         const Bytes model = FileBytes(PathOf("bad.3ds"));
         ASSERT_FALSE(model.empty());
         ExpectFinite(FileReader(model));

@@ -1,7 +1,9 @@
 // The dialog for source code: its pages, buttons and what comes out.
+#include <QClipboard>
 #include <QDialog>
 #include <QFontInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
@@ -101,6 +103,22 @@ TEST_F(ExportDialogTest, DoubleClickOrEnterOnATagInsertsIt) {
         EXPECT_EQ(Page(), 0) << "the insertion is seen";
         QTest::keyClick(dialog->findChild<QLabel*>("lblCodeTag_0"), Qt::Key_Return);
         EXPECT_EQ(Shown("txtHead"), "%KVINFO%");
+    });
+}
+
+TEST_F(ExportDialogTest, OnlyTextIsPasted) {
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    InDialog([&] {
+        auto* nothing = new QMimeData;  // what Qt hands out for a clipboard that nobody owns
+        auto* picture = new QMimeData;
+        picture->setData("image/png", "no text");
+        auto* text = new QMimeData;
+        text->setText("pasted");
+        for (QMimeData* data : {nothing, picture, text}) {
+            clipboard.setMimeData(data);
+            QTest::keyClick(Text("txtBody"), Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(Shown("txtBody"), data == text ? "pasted" : "");
+        }
     });
 }
 

@@ -279,14 +279,6 @@ class RandomUser {
             QTest::keyClick(window, dice_.Chance(80) ? Qt::Key_Return : Qt::Key_Tab);
     }
 
-    /// Left out: pasting into a page of text crashes Qt now and then, see docs/RELIABILITY.md.
-    static bool PastesIntoText(Qt::Key key, Qt::KeyboardModifiers keys) {
-        const bool pastes = (key == Qt::Key_V && keys.testFlag(Qt::ControlModifier)) ||
-                            (key == Qt::Key_Insert && keys.testFlag(Qt::ShiftModifier));
-        const QWidget* focus = QApplication::focusWidget();
-        return pastes && focus != nullptr && focus->inherits("QPlainTextEdit");
-    }
-
     /// Up to three keys, held over each other for a while: long enough to fly.
     void PressKeys(QWidget& root) {
         const QPointer<QWindow> window = root.windowHandle();
@@ -295,7 +287,6 @@ class RandomUser {
         const Qt::KeyboardModifiers keys = Modifiers();
         for (int i = dice_.Pick(1, 3); i > 0 && window; --i) {
             const Qt::Key key = dice_.OneOf(kKeys);
-            if (PastesIntoText(key, keys)) continue;
             held.push_back(key);
             QTest::keyPress(window, key, keys);
             if (dice_.Chance(50)) QCoreApplication::processEvents();
