@@ -24,7 +24,7 @@ done
 [ -s "$scratch/display" ] || { echo "Xvfb gave no display" >&2; exit 1; }
 DISPLAY=:$(cat "$scratch/display")
 export DISPLAY QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
-unset WAYLAND_DISPLAY
+unset WAYLAND_DISPLAY XDG_CURRENT_DESKTOP QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE
 if command -v openbox >/dev/null; then
     echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$scratch/openbox.xml"
     openbox --config-file "$scratch/openbox.xml" --startup "touch $scratch/managed" \

@@ -100,14 +100,14 @@ QAction* CommandActions::MakeAction(const Command& command) {
 /// Without one that the keyboard map has taken for something else.
 void CommandActions::ShowShortcut(const Command& command, QAction& action) const {
     const KeyMap& map = editor_.settings.keyMap;
-    QKeySequence shortcut = ShortcutOf(command.name);
-    if (shortcut.isEmpty()) return;
-    const int code = VirtualKeyCode(KeyAlone(shortcut), 0, false);
-    if (IsBound(map, code) && CommandOfKey(map, code) != command.name) shortcut = {};
-    action.setShortcut(shortcut);
+    QList<QKeySequence> shortcuts = ShortcutsOf(command.name);
+    if (shortcuts.isEmpty()) return;
+    const int code = VirtualKeyCode(KeyAlone(shortcuts[0]), 0, false);
+    if (IsBound(map, code) && CommandOfKey(map, code) != command.name) shortcuts.removeFirst();
+    action.setShortcuts(shortcuts);
     QString tip = QString::fromUtf8(command.button.tooltip);
-    if (!shortcut.isEmpty() && !tip.isEmpty())
-        tip += QString(" (%1)").arg(shortcut.toString(QKeySequence::NativeText));
+    if (!shortcuts.isEmpty() && !tip.isEmpty())
+        tip += QString(" (%1)").arg(shortcuts[0].toString(QKeySequence::NativeText));
     action.setToolTip(tip);
 }
 

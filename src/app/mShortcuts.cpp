@@ -11,7 +11,8 @@ namespace {
 struct Row {
     const char* command;
     QKeySequence::StandardKey key;
-    const char* otherwise;  ///< where the desktop knows none
+    const char* otherwise;       ///< where the desktop knows none
+    const char* also = nullptr;  ///< a habit from other desktops
 };
 
 constexpr Row kRows[] = {
@@ -21,7 +22,7 @@ constexpr Row kRows[] = {
     {"mnuSaveAs", QKeySequence::SaveAs, "Ctrl+Shift+S"},
     {"mnuExit", QKeySequence::Quit, "Ctrl+Q"},
     {"mnuUndo", QKeySequence::Undo, "Ctrl+Z"},
-    {"mnuRedo", QKeySequence::Redo, "Ctrl+Shift+Z"},
+    {"mnuRedo", QKeySequence::Redo, "Ctrl+Shift+Z", "Ctrl+Y"},
     {"mnuCopy", QKeySequence::Copy, "Ctrl+C"},
     {"mnuPaste", QKeySequence::Paste, "Ctrl+V"},
     {"mnuSelect", QKeySequence::Find, "Ctrl+F"},
@@ -31,7 +32,7 @@ constexpr Row kRows[] = {
     {"mnuHelpContents", QKeySequence::HelpContents, "F1"},
 };
 
-using Shortcuts = std::array<QKeySequence, std::size(kRows)>;
+using Shortcuts = std::array<QList<QKeySequence>, std::size(kRows)>;
 
 /// Row by row.
 const Shortcuts& AllShortcuts() {
@@ -39,7 +40,10 @@ const Shortcuts& AllShortcuts() {
         Shortcuts shortcuts;
         std::ranges::transform(kRows, shortcuts.begin(), [](const Row& row) {
             const QKeySequence known(row.key);
-            return known.isEmpty() ? QKeySequence(row.otherwise) : known;
+            QList<QKeySequence> keys{known.isEmpty() ? QKeySequence(row.otherwise) : known};
+            if (row.also != nullptr && keys[0] != QKeySequence(row.also))
+                keys.append(QKeySequence(row.also));
+            return keys;
         });
         return shortcuts;
     }();
@@ -48,16 +52,18 @@ const Shortcuts& AllShortcuts() {
 
 }  // namespace
 
-QKeySequence ShortcutOf(std::string_view command) {
+const QList<QKeySequence>& ShortcutsOf(std::string_view command) {
+    static const QList<QKeySequence> none;
     const auto row = std::ranges::find(kRows, command, &Row::command);
-    if (row == std::end(kRows)) return {};
+    if (row == std::end(kRows)) return none;
     return AllShortcuts()[static_cast<std::size_t>(row - std::begin(kRows))];
 }
 
 bool IsShortcut(const QKeyEvent& event) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     const QKeySequence pressed(QKeyCombination(modifiers, static_cast<Qt::Key>(event.key())));
-    return std::ranges::find(AllShortcuts(), pressed) != AllShortcuts().end();
+    return std::ranges::any_of(AllShortcuts(),
+                               [&](const auto& keys) { return keys.contains(pressed); });
 }
 
 int KeyAlone(const QKeySequence& shortcut) {

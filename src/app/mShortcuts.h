@@ -3,15 +3,17 @@
 #pragma once
 
 #include <QKeySequence>
+#include <QList>
 #include <string_view>
 
 class QKeyEvent;
 
 namespace korvane {
 
-/// The shortcut of the command of that name; empty for most. Of several that a desktop has for it,
-/// only the one that menus show: X11 deletes by Ctrl+D as well, which here is to fly slowly.
-QKeySequence ShortcutOf(std::string_view command);
+/// The shortcuts of the command of that name, the one that menus show first; none for most. Of
+/// several that a desktop has for it, only the first: X11 deletes by Ctrl+D as well, which here is
+/// to fly slowly.
+const QList<QKeySequence>& ShortcutsOf(std::string_view command);
 
 /// Whether the key event is a shortcut of some command.
 bool IsShortcut(const QKeyEvent& event);

@@ -54,11 +54,16 @@ ucStatusBar::ucStatusBar(QWidget* parent) : QStatusBar(parent) {
         if (stretch == 0) panels_[i]->setFixedWidth(readOut);
         addWidget(panels_[i], stretch);
     }
-    panels_[kSelectionPanel]->setToolTip(tr("Size and middle of the selected brushes"));
+    SetText(kSelectionPanel, {});
 }
 
 void ucStatusBar::SetText(int panel, const QString& text) {
-    if (panel >= 0 && panel < kPanels) panels_[panel]->SetText(text);
+    if (panel < 0 || panel >= kPanels) return;
+    panels_[panel]->SetText(text);
+    if (panel != kSelectionPanel) return;
+    // In full: the panel may be too narrow for it.
+    const QString hint = tr("Size and middle of the selected brushes");
+    panels_[panel]->setToolTip(text.isEmpty() ? hint : hint + "\n" + text);
 }
 
 QString ucStatusBar::Text(int panel) const {

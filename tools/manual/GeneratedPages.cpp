@@ -45,6 +45,9 @@ struct Note {
 };
 
 constexpr Note kNotes[] = {
+    {"mnuSizeArbitrary",
+     "New brushes are created with as many sides as a dialog asks for, 3 to 64"},
+    {"mnuMultiply", "Multiply selected brushes with offsets and rotations"},
     {"mnuExport3DS", "Writes the visible faces as a 3DStudio mesh"},
     {"mnuExportOBJ",
      "Writes the visible faces as a Wavefront mesh, with its materials and textures"},
@@ -116,10 +119,11 @@ QString KeysOf(const Command& command) {
     const KeyMap map;
     QStringList keys;
     for (const std::int16_t code : map.codes)
-        if (CommandOfKey(map, code) == command.name)
-            keys << Kbd(QString::fromStdString(KeyName(code)));
-    const QKeySequence shortcut = ShortcutOf(command.name);
-    if (!shortcut.isEmpty()) keys << Kbd(shortcut.toString());
+        if (CommandOfKey(map, code) == command.name) keys << QString::fromStdString(KeyName(code));
+    for (const QKeySequence& shortcut : ShortcutsOf(command.name)) keys << shortcut.toString();
+    // The key that deletes is both, under two names.
+    if (keys.contains("DELETE")) keys.removeAll("Del");
+    std::ranges::transform(keys, keys.begin(), Kbd);
     return keys.join(", ");
 }
 
@@ -166,10 +170,12 @@ QString KeyTable() {
 QString ShortcutTable() {
     QString rows = "<tr><th>Command</th><th>Shortcut</th></tr>\n";
     for (const Command& command : Commands()) {
-        const QKeySequence shortcut = ShortcutOf(command.name);
-        if (shortcut.isEmpty()) continue;
+        QStringList keys;
+        for (const QKeySequence& shortcut : ShortcutsOf(command.name))
+            keys << Kbd(shortcut.toString());
+        if (keys.isEmpty()) continue;
         rows += "<tr><td>" + Html(Plain(StepsTo(command).join(kArrow))) + "</td><td>" +
-                Kbd(shortcut.toString()) + "</td></tr>\n";
+                keys.join(", ") + "</td></tr>\n";
     }
     return "<table>\n" + rows + "</table>\n";
 }
@@ -233,6 +239,11 @@ views</td></tr>
 <tr><td><kbd>Alt</kbd> and the underlined letter</td><td>opens a menu</td></tr>
 <tr><td>Arrow keys, <kbd>Home</kbd>, <kbd>End</kbd>, <kbd>Space</kbd> or <kbd>Enter</kbd> in the textures</td>
 <td>go through them, and choose one</td></tr>
+<tr><td>Arrow keys, <kbd>Page Up</kbd>, <kbd>Page Down</kbd>, <kbd>Home</kbd>, <kbd>End</kbd> on Transparent or
+Rotated</td><td>move the slider</td></tr>
+<tr><td><kbd>Enter</kbd> on the name of a face's texture</td><td>shows it among the textures</td></tr>
+<tr><td><kbd>Enter</kbd> or <kbd>Space</kbd> on a tag of the source code dialog's reference</td><td>inserts it into
+the template</td></tr>
 <tr><td><kbd>Ctrl</kbd> with a click</td><td>selects, or takes out of the selection</td></tr>
 </table>
 )";
