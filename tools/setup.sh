@@ -21,8 +21,8 @@ need() {
             --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# CLI11 and nlohmann-json are for korvane-cli, assimp for the export to other formats; lib3ds, tinygltf
-# and tinyobjloader, which read what is exported, are for tests and benchmarks only.
+# CLI11 and nlohmann-json are for korvane-cli, assimp and tinygltf for the export to other formats;
+# lib3ds and tinyobjloader, which read what is exported, are for tests and benchmarks only.
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6opengl6-dev qt6-svg-dev libgl-dev libegl-dev
     libglu1-mesa-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
     libassimp-dev zlib1g-dev lib3ds-dev libtinygltf-dev libtinyobjloader-dev)

@@ -7,14 +7,13 @@
 #include <map>
 #include <set>
 #include <span>
-#include <string_view>
 #include <utility>
 
 #include "base/PathText.h"
 #include "base/SingleByteText.h"
 #include "files/FileBuffer.h"
-#include "files/LittleEndian.h"
-#include "interchange/MeshScene.h"
+#include "interchange/GlbFile.h"
+#include "interchange/WavefrontScene.h"
 
 namespace korvane {
 namespace {
@@ -73,44 +72,17 @@ std::vector<MeshMaterial> LooksOf(std::span<const ExportMaterial> materials) {
     return looks;
 }
 
-/// What has no picture is grey, as in the preview. glTF has linear light, where that is darker.
-constexpr float kPlainGrey = 192.0F / 255;
-constexpr float kPlainGreyLinear = 0.527115F;  // ((kPlainGrey + 0.055) / 1.055)^2.4
-
-void ShadePlain(std::span<MeshMaterial> looks, float grey) {
-    for (MeshMaterial& look : looks)
-        if (look.map.empty()) look.shade = grey;
-}
-
-/// The files of a format, the chief one first; none where assimp refuses. Valid as long as the
-/// exporter is, and until it is used again.
+/// The files that assimp's writer of Wavefront files makes, the chief one first; none where it
+/// refuses. Valid as long as the exporter is, and until it is used again.
 std::vector<std::span<const std::uint8_t>> Write(Assimp::Exporter& exporter, const aiScene& scene,
-                                                 const char* format, const std::string& name) {
+                                                 const std::string& name) {
     Assimp::ExportProperties properties;
     properties.SetPropertyString(AI_CONFIG_EXPORT_BLOB_NAME, name);
     std::vector<std::span<const std::uint8_t>> files;
-    const auto* blob = exporter.ExportToBlob(&scene, format, 0, &properties);
+    const auto* blob = exporter.ExportToBlob(&scene, "obj", 0, &properties);
     for (; blob != nullptr; blob = blob->next)
         files.emplace_back(static_cast<const std::uint8_t*>(blob->data), blob->size);
     return files;
-}
-
-/// The file without what assimp declares for nothing: extensions that it does not use here, of
-/// which readers warn, and the list of buffers where there is none, which must not be empty. Blanks
-/// in their place leave every length as it is.
-Bytes WithoutEmptyDeclarations(std::span<const std::uint8_t> glb) {
-    constexpr std::string_view kEmpty[] = {
-        R"("extensionsUsed":["KHR_materials_volume","FB_ngon_encoding"],)",
-        R"("extensionsUsed":["FB_ngon_encoding"],)", R"("buffers":[],)"};
-    constexpr std::size_t kLengthOfJson = 12, kJson = 20;  // bytes from the start
-    Bytes bytes(glb.begin(), glb.end());
-    if (bytes.size() < kJson) return bytes;
-    const auto length = static_cast<std::uint32_t>(FetchLong(&bytes[kLengthOfJson]));
-    const auto json =
-        std::span(bytes).subspan(kJson, std::min<std::size_t>(length, bytes.size() - kJson));
-    for (const std::string_view text : kEmpty)
-        std::ranges::fill(std::ranges::search(json, text), ' ');
-    return bytes;
 }
 
 /// Pictures on their way into files.
@@ -149,29 +121,28 @@ std::optional<EmbeddedPicture> Embed(const std::string& folder, const std::strin
     auto bytes = LoadFile(path);
     if (!bytes) return std::nullopt;
     if (StartsWith(*bytes, {0x89, 'P', 'N', 'G'}))
-        return EmbeddedPicture{filename, "png", std::move(*bytes)};
+        return EmbeddedPicture{filename, "image/png", std::move(*bytes)};
     if (StartsWith(*bytes, {0xFF, 0xD8, 0xFF}))
-        return EmbeddedPicture{filename, "jpg", std::move(*bytes)};
+        return EmbeddedPicture{filename, "image/jpeg", std::move(*bytes)};
     auto png = makePng(path);
     if (!png) return std::nullopt;
-    return EmbeddedPicture{filename, "png", std::move(*png)};
+    return EmbeddedPicture{filename, "image/png", std::move(*png)};
 }
 
-/// Embeds the pictures of the looks, each once, and points their maps there.
+/// The pictures that the looks name, each once; what can't be had is taken out of the looks.
 std::vector<EmbeddedPicture> EmbedAll(std::span<MeshMaterial> looks, const std::string& folder,
                                       const PngMaker& makePng) {
     std::vector<EmbeddedPicture> pictures;
-    std::map<std::string, std::string> mapOf;
+    std::map<std::string, bool> known;
     for (MeshMaterial& look : looks) {
         if (look.map.empty()) continue;
-        const auto [known, isNew] = mapOf.try_emplace(look.map);
+        const auto [found, isNew] = known.try_emplace(look.map);
         if (isNew) {
-            if (auto picture = Embed(folder, look.map, makePng)) {
-                known->second = "*" + std::to_string(pictures.size());
-                pictures.push_back(std::move(*picture));
-            }
+            auto picture = Embed(folder, look.map, makePng);
+            found->second = picture.has_value();
+            if (picture) pictures.push_back(std::move(*picture));
         }
-        look.map = known->second;
+        if (!found->second) look.map.clear();
     }
     return pictures;
 }
@@ -185,12 +156,11 @@ bool SaveOBJ(const std::string& path, const Scene& scene, const TextureLibrary& 
     Pictures copies = CopiesFor(FolderOf(path), looks, textureFolder);
     for (MeshMaterial& look : looks)
         if (look.map.starts_with('-')) look.map.insert(0, "./");  // no option to the map
-    ShadePlain(looks, kPlainGrey);
     // A file that is itself called .mtl needs another name for its materials.
     const std::string name = ObjectName(path.ends_with(".mtl") ? path + ".obj" : path);
-    const auto meshes = BuildMeshScene(materials, looks, {}, name);
+    const auto mesh = BuildWavefrontScene(PartsOf(materials), looks, name);
     Assimp::Exporter exporter;
-    const auto written = Write(exporter, *meshes, "obj", name);
+    const auto written = Write(exporter, *mesh, name);
     if (written.size() != 2) return false;
     copies.files.push_back({FolderOf(path) + name + ".mtl", written[1]});
     copies.files.push_back({path, written[0]});
@@ -202,11 +172,8 @@ bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& 
     const auto materials = CollectMaterials(scene, library);
     auto looks = LooksOf(materials);
     const auto pictures = EmbedAll(looks, textureFolder, makePng);
-    ShadePlain(looks, kPlainGreyLinear);
-    const auto meshes = BuildMeshScene(materials, looks, pictures, ObjectName(path));
-    Assimp::Exporter exporter;
-    const auto written = Write(exporter, *meshes, "glb2", ObjectName(path));
-    return written.size() == 1 && SaveFile(path, WithoutEmptyDeclarations(written[0]));
+    const auto bytes = GlbBytes(PartsOf(materials), looks, pictures, ObjectName(path));
+    return bytes && SaveFile(path, *bytes);
 }
 
 }  // namespace korvane
