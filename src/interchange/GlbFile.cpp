@@ -120,7 +120,8 @@ class GlbBuilder {
         if (size > kMostBytes) return std::nullopt;
         if (size == 0) model_.buffers.clear();  // one without bytes is no valid one
         std::ostringstream out;
-        tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, out, false, true);
+        if (!tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, out, false, true))
+            return std::nullopt;
         const std::string_view text = out.view();
         return std::vector<std::uint8_t>(text.begin(), text.end());
     }
