@@ -27,19 +27,17 @@ void CheckColorScheme(Input input);
 void CheckKeyMap(Input input);
 void CheckTemplate(Input input);
 void CheckTga(Input input);
+void CheckRecord(Input input);
 
 /// A check and the name of its program, dictionary, seeds and findings.
 struct Target {
     const char* name;
     void (*check)(Input);
 };
-inline constexpr Target kTargets[] = {{"object", CheckObject},
-                                      {"snapshot", CheckSnapshot},
-                                      {"settings", CheckSettings},
-                                      {"scheme", CheckColorScheme},
-                                      {"keymap", CheckKeyMap},
-                                      {"template", CheckTemplate},
-                                      {"tga", CheckTga}};
+inline constexpr Target kTargets[] = {{"object", CheckObject},     {"snapshot", CheckSnapshot},
+                                      {"settings", CheckSettings}, {"scheme", CheckColorScheme},
+                                      {"keymap", CheckKeyMap},     {"template", CheckTemplate},
+                                      {"tga", CheckTga},           {"record", CheckRecord}};
 
 /// Prints the property and aborts when it does not hold.
 void Require(bool holds, const char* property);

@@ -3,6 +3,7 @@
 
 #include "SceneCheck.h"
 #include "export/CodeTemplate.h"
+#include "files/RunRecord.h"
 #include "files/mObjectFile.h"
 #include "files/mPreferenceFiles.h"
 #include "files/mSettingsFile.h"
@@ -168,6 +169,22 @@ void AddPictures(SeedList& seeds) {
     seeds.Add("tga", "labelled", labelled);
 }
 
+void AddRecords(SeedList& seeds) {
+    Bytes bytes;
+    const auto add = [&bytes](RunEntry kind, const char* text) {
+        const Bytes entry = EncodeRunEntry(kind, text);
+        bytes.insert(bytes.end(), entry.begin(), entry.end());
+    };
+    add(RunEntry::Path, "/home/T\u00FCr.kvobject");
+    add(RunEntry::Scene, "$1$.$kvundo$");
+    add(RunEntry::Saved, "");
+    add(RunEntry::Scene, "$1$.$kvrecovery$");
+    add(RunEntry::ForeignPath, "/b.kvobject");
+    add(RunEntry::Scene, "../no.kvobject");
+    seeds.Add("record", "all_kinds", bytes);
+    seeds.Add("record", "torn", Cut(bytes, bytes.size() - 3));
+}
+
 }  // namespace
 
 std::vector<Seed> Seeds() {
@@ -178,6 +195,7 @@ std::vector<Seed> Seeds() {
     AddPreferences(seeds);
     AddTemplates(seeds);
     AddPictures(seeds);
+    AddRecords(seeds);
     return seeds.Take();
 }
 

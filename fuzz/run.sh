@@ -7,7 +7,7 @@ set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh
 
-all=(object snapshot settings scheme keymap template tga)
+all=(object snapshot settings scheme keymap template tga record)
 usage() { sed -n 's/^# Usage: /usage: /p' "$0" >&2; exit 2; }
 
 [[ ${1:-} =~ ^[1-9][0-9]*$ ]] || usage
@@ -30,7 +30,7 @@ build=$PWD/build/fuzz
 
 # The longest input worth making: a few brushes, a few lines, a few pixels.
 declare -A longest=([object]=8192 [snapshot]=8192 [settings]=2048 [scheme]=256 [keymap]=256
-    [template]=4096 [tga]=4096)
+    [template]=4096 [tga]=4096 [record]=512)
 
 # fuzz TARGET: runs it, its words into a log.
 fuzz() {
