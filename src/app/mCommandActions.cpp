@@ -13,6 +13,7 @@
 #include "editor/mFileOpenSave.h"
 #include "editor/mKeyBoard.h"
 #include "platform/VirtualKeys.h"
+#include "widgets/MenuStyle.h"
 #include "widgets/ucToolBar.h"
 
 namespace korvane {
@@ -123,9 +124,12 @@ void CommandActions::Refresh() {
 
 void CommandActions::FillMenuBar(QMenuBar* menuBar) {
     std::map<std::string_view, QMenu*> menus;
+    auto* style = new MenuStyle;
+    style->setParent(menuBar);
     for (const Menu& row : Menus()) {
         menus[row.name] = new QMenu(QString::fromUtf8(row.caption), menuBar);
         menus[row.name]->setObjectName(row.name);
+        menus[row.name]->setStyle(style);
     }
     for (const Command& command : Commands()) {
         QMenu* menu = menus.at(command.menu);
