@@ -7,8 +7,8 @@
 #include <bit>
 #include <limits>
 #include <sstream>
-#include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -86,7 +86,8 @@ class GlbBuilder {
         if (look.opacity < 1) material.alphaMode = "BLEND";
         if (!look.map.empty()) {
             const auto image = std::ranges::find(model_.images, look.map, &tinygltf::Image::name);
-            surface.baseColorTexture.index = static_cast<int>(image - model_.images.begin());
+            if (image != model_.images.end())
+                surface.baseColorTexture.index = static_cast<int>(image - model_.images.begin());
         }
         model_.materials.push_back(std::move(material));
     }
@@ -115,15 +116,15 @@ class GlbBuilder {
         model_.defaultScene = 0;
     }
 
-    std::optional<std::vector<std::uint8_t>> Bytes() {
+    std::optional<std::string> Bytes() {
         const std::size_t size = model_.buffers[0].data.size();
         if (size > kMostBytes) return std::nullopt;
         if (size == 0) model_.buffers.clear();  // one without bytes is no valid one
         std::ostringstream out;
-        if (!tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, out, false, true))
-            return std::nullopt;
-        const std::string_view text = out.view();
-        return std::vector<std::uint8_t>(text.begin(), text.end());
+        // Its answer is always true; a stream that had no memory left says so itself.
+        tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, out, false, true);
+        if (!out) return std::nullopt;
+        return std::move(out).str();
     }
 
   private:
@@ -184,10 +185,10 @@ class GlbBuilder {
 
 static_assert(std::endian::native == std::endian::little, "glTF holds numbers as they lie here");
 
-std::optional<std::vector<std::uint8_t>> GlbBytes(std::span<const MeshPart> parts,
-                                                  std::span<const MeshMaterial> materials,
-                                                  std::span<const EmbeddedPicture> pictures,
-                                                  const std::string& name) {
+std::optional<std::string> GlbBytes(std::span<const MeshPart> parts,
+                                    std::span<const MeshMaterial> materials,
+                                    std::span<const EmbeddedPicture> pictures,
+                                    const std::string& name) {
     GlbBuilder builder;
     builder.AddPictures(pictures);
     for (const MeshMaterial& material : materials) builder.AddMaterial(material);

@@ -20,10 +20,10 @@ struct EmbeddedPicture {
 
 /// The file: a node for each group, below the root, which is called `name` and has the faces that
 /// are in no group. A part names one of `materials`, whose map is the name of one of the pictures
-/// or empty. Nothing where the content is more than 2 GB, or could not be written.
-std::optional<std::vector<std::uint8_t>> GlbBytes(std::span<const MeshPart> parts,
-                                                  std::span<const MeshMaterial> materials,
-                                                  std::span<const EmbeddedPicture> pictures,
-                                                  const std::string& name);
+/// or empty. Nothing where the content is more than 2 GB, or memory ran out.
+std::optional<std::string> GlbBytes(std::span<const MeshPart> parts,
+                                    std::span<const MeshMaterial> materials,
+                                    std::span<const EmbeddedPicture> pictures,
+                                    const std::string& name);
 
 }  // namespace korvane

@@ -47,12 +47,15 @@ class MaterialNames {
         if (name.empty()) name = "NO_Material";
         if (material.Transparency != 0) name += "_" + std::to_string(material.Transparency);
         std::string unused = name;
-        for (int i = 2; !used_.insert(unused).second; ++i) unused = name + "-" + std::to_string(i);
+        // Thousands may share a name: counting goes on where it ended.
+        for (int& i = lastNumber_.try_emplace(name, 1).first->second; !used_.insert(unused).second;)
+            unused = name + "-" + std::to_string(++i);
         return unused;
     }
 
   private:
     std::set<std::string> used_;
+    std::map<std::string, int> lastNumber_;
 };
 
 float OpacityOf(const ExportMaterial& material) {
@@ -172,8 +175,8 @@ bool SaveGLB(const std::string& path, const Scene& scene, const TextureLibrary& 
     const auto materials = CollectMaterials(scene, library);
     auto looks = LooksOf(materials);
     const auto pictures = EmbedAll(looks, textureFolder, makePng);
-    const auto bytes = GlbBytes(PartsOf(materials), looks, pictures, ObjectName(path));
-    return bytes && SaveFile(path, *bytes);
+    const auto glb = GlbBytes(PartsOf(materials), looks, pictures, ObjectName(path));
+    return glb && SaveFile(path, {reinterpret_cast<const std::uint8_t*>(glb->data()), glb->size()});
 }
 
 }  // namespace korvane

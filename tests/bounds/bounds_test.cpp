@@ -2,11 +2,15 @@
 // written by the real encoder, opened in the real window, and goes through everything that reads a
 // scene. Nothing may hang (the test program has a time limit), crash, or write what is no number
 // into an export.
+#include <assimp/scene.h>
+
 #include <QDialog>
 #include <QTimer>
+#include <assimp/Importer.hpp>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <span>
 
 #include "editor/mExport.h"
 #include "editor/mFileOpenSave.h"
@@ -121,14 +125,15 @@ class BoundsTest : public GuiTest {
         Session().settings.warnings.fill(false);
     }
 
-    /// Rows of boxes, every second one spoiled: what sorts and searches must deal with both.
-    Scene MixedScene(Spoil spoil) {
+    /// Rows of boxes, every second one spoiled, or all: what sorts and searches must deal with
+    /// both.
+    Scene MixedScene(Spoil spoil, bool all = false) {
         constexpr int kBrushes = 40;
         Scene scene;
         for (int i = 0; i < kBrushes; ++i) {
             const auto x = static_cast<float>(i % 8), z = static_cast<float>(i / 8);
             CreateBrush(scene, {x, 0, z}, {x + 1, 1.5F, z + 0.75F}, 4, Session().Space());
-            if (i % 2 == 1) spoil(scene.brushes.back(), i / 2);
+            if (all || i % 2 == 1) spoil(scene.brushes.back(), i / 2);
         }
         return scene;
     }
@@ -217,7 +222,11 @@ class BoundsTest : public GuiTest {
             SelectSome();
             if (command == std::string("mnuPaste")) Choose("mnuCopy");
             const Bytes before = SceneBytes();
+            const std::int32_t brushes = Session().scene.brushCount();
             Choose(command);
+            const bool counts =
+                command == std::string("mnuPaste") || command == std::string("mnuDelete");
+            EXPECT_EQ(Session().scene.brushCount() != brushes, counts) << command;
             window->grab();
             Choose("mnuUndo");
             EXPECT_TRUE(SceneBytes() == before) << command;
@@ -250,9 +259,9 @@ class BoundsTest : public GuiTest {
     static void Forms(QWidget* window, const char* action, const char* form) {
         QTimer::singleShot(0, window, [=] {
             auto* dialog = window->findChild<QDialog*>(form);
-            ASSERT_NE(dialog, nullptr) << form;
-            dialog->grab();
-            dialog->reject();
+            EXPECT_NE(dialog, nullptr) << form;
+            if (dialog != nullptr) dialog->grab();
+            QApplication::activeModalWidget()->close();
         });
         window->findChild<QAction*>(action)->trigger();
     }
@@ -276,8 +285,11 @@ class BoundsTest : public GuiTest {
     }
 
     void Exports() {
-        prompts.paths = {PathOf("bad.txt"), PathOf("bad.3ds"), PathOf("bad.obj"),
-                         PathOf("bad.glb")};
+        prompts.paths.clear();
+        for (const char* file : {"bad.txt", "bad.3ds", "bad.obj", "bad.glb"}) {
+            QFile::remove(QString::fromStdString(PathOf(file)));
+            prompts.paths.push_back(PathOf(file));
+        }
         ExportSourceCode(Session(), NumbersOnly());
         Export3DS(Session());
         ExportOBJ(Session());
@@ -285,15 +297,34 @@ class BoundsTest : public GuiTest {
         const Bytes text = FileBytes(PathOf("bad.txt"));
         EXPECT_EQ(std::string(text.begin(), text.end()).find_first_not_of("0123456789.- \r\n"),
                   std::string::npos);
-        for (const char* const file : {"bad.obj", "bad.glb"}) {
-            const Bytes mesh = FileBytes(PathOf(file));
-            ASSERT_FALSE(mesh.empty());
-            for (const std::string_view word : {"nan", "inf"})
-                EXPECT_TRUE(std::ranges::search(mesh, word).empty()) << file;
-        }
+        EXPECT_FALSE(text.empty() && HasFaces());
+        const Bytes mesh = FileBytes(PathOf("bad.obj"));
+        ASSERT_FALSE(mesh.empty());
+        for (const std::string_view word : {"nan", "inf"})
+            EXPECT_TRUE(std::ranges::search(mesh, word).empty());
+        ExpectFiniteMeshes(PathOf("bad.glb"));
         const Bytes model = FileBytes(PathOf("bad.3ds"));
         ASSERT_FALSE(model.empty());
         ExpectFinite(FileReader(model));
+    }
+
+    bool HasFaces() {
+        return std::ranges::any_of(Session().scene.brushes, [](const Brush& brush) {
+            return std::ranges::any_of(brush.faces, [](const auto& f) { return !f.invisible; });
+        });
+    }
+
+    static void ExpectFiniteMeshes(const std::string& path) {
+        Assimp::Importer importer;
+        const aiScene* scene = importer.ReadFile(path, 0);
+        ASSERT_NE(scene, nullptr) << importer.GetErrorString();
+        for (const aiMesh* mesh : std::span(scene->mMeshes, scene->mNumMeshes)) {
+            for (const aiVector3D* list :
+                 {mesh->mVertices, mesh->mNormals, mesh->mTextureCoords[0]}) {
+                for (const aiVector3D& v : std::span(list, mesh->mNumVertices))
+                    ASSERT_TRUE(std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z));
+            }
+        }
     }
 
     /// Positions and texture coordinates in the chunks of a 3DS file.
@@ -335,6 +366,17 @@ TEST_P(BadObjectTest, GoesThroughEverything) {
     EXPECT_TRUE(prompts.messages.empty()) << prompts.messages[0].text;
 }
 
+TEST_P(BadObjectTest, AloneGoesThroughWhatReads) {
+    Saves(OpenFileOf(MixedScene(GetParam().spoil, true)));
+    Exports();
+    Tells();
+    SelectAll(true);
+    Paints();
+    RendersAndPicks();
+    Optimizes(200);
+    EXPECT_TRUE(prompts.messages.empty()) << prompts.messages[0].text;
+}
+
 INSTANTIATE_TEST_SUITE_P(Bounds, BadObjectTest, testing::ValuesIn(kKinds),
                          [](const auto& test) { return "Kind" + std::to_string(test.index); });
 
@@ -353,18 +395,20 @@ TEST_F(BoundsTest, BrushesWithoutSizeGetFiniteLocalCoordinates) {
     }
 }
 
-TEST_F(BoundsTest, ATextureNameOfAMegabyteIsAMissingTexture) {
+TEST_F(BoundsTest, NamesOfAMegabyteAreNotKept) {
     TextureLibrary library;
     const std::int32_t texture = library.AddTexture(std::string(1 << 20, 't'), 64, 64);
     Scene scene = MixedScene([](Brush&, int) {});
     for (Brush& brush : scene.brushes)
         for (BrushFace& face : brush.faces) face.texture = texture;
+    scene.brushes[0].name.assign(1 << 20, 'B');
     const Bytes bytes = EncodeObject(scene, library, false);
-    ASSERT_GT(bytes.size(), std::size_t{1} << 20);
+    ASSERT_GT(bytes.size(), std::size_t{2} << 20);
     WriteFileBytes(PathOf("bad.kvobject"), bytes);
     OpenObjectFile(Session(), PathOf("bad.kvobject"));
     ASSERT_EQ(Session().scene.brushCount(), scene.brushCount());
     EXPECT_EQ(Session().scene.brushes[0].faces[0].texture, 0);
+    EXPECT_EQ(Session().scene.brushes[0].name, DefaultBrushName(0));
 }
 
 TEST_F(BoundsTest, EnterInTheGroupBoxCutsNoGroup) {

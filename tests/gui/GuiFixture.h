@@ -33,7 +33,7 @@ class GuiTest : public testing::Test {
         window = std::make_unique<frmMain>(prompts, folder.path().toStdString());
         ASSERT_TRUE(window->StartUp());
         window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
         QTest::qWait(50);  // the window manager's last resize
     }
 

@@ -6,11 +6,14 @@
 
 #include <array>
 #include <assimp/Importer.hpp>
+#include <cfloat>
 #include <cmath>
 #include <limits>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <span>
 
+#include "files/LittleEndian.h"
 #include "interchange/mInterchange.h"
 #include "scene/mNormals.h"
 #include "scene/mTextureCoords.h"
@@ -234,6 +237,47 @@ TEST_F(InterchangeTest, AssimpReadsWhatTheSceneHolds) {
         const QImage found = QImage::fromData(bytes, int(texture->mWidth));
         EXPECT_EQ(found.convertToFormat(QImage::Format_RGB32), picture) << name;
     }
+}
+
+/// What readers rely on, and assimp does not look at.
+TEST_F(InterchangeTest, NumbersLieInTheGlbFileAsItsTextSays) {
+    ASSERT_TRUE(SaveBoth(MakeScene()));
+    const Bytes file = FileBytes(glb);
+    const auto length = static_cast<std::size_t>(FetchLong(&file[12]));
+    const auto json = nlohmann::json::parse(&file[20], &file[20] + length);
+    const std::span<const std::uint8_t> numbers = std::span(file).subspan(28 + length);
+    EXPECT_EQ(json["buffers"].at(0)["byteLength"], numbers.size());
+    int primitives = 0;
+    for (const auto& mesh : json["meshes"]) {
+        for (const auto& primitive : mesh["primitives"]) {
+            ++primitives;
+            const auto viewOf = [&](const nlohmann::json& place, int target) {
+                const auto& view =
+                    json["bufferViews"].at(json["accessors"]
+                                               .at(place.get<std::size_t>())["bufferView"]
+                                               .get<std::size_t>());
+                EXPECT_EQ(view["target"], target);
+                const auto offset = view.value("byteOffset", std::size_t{0});
+                EXPECT_EQ(offset % 4, 0U);
+                return numbers.subspan(offset, view["byteLength"]);
+            };
+            viewOf(primitive["indices"], 34963);
+            const auto& place = primitive["attributes"]["POSITION"];
+            const auto& positions = json["accessors"].at(place.get<std::size_t>());
+            const auto bytes = viewOf(place, 34962);
+            ASSERT_EQ(bytes.size(), positions["count"].get<std::size_t>() * 12);
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                float least = FLT_MAX, most = -FLT_MAX;
+                for (std::size_t at = axis * 4; at < bytes.size(); at += 12) {
+                    least = std::min(least, FetchSingle(&bytes[at]));
+                    most = std::max(most, FetchSingle(&bytes[at]));
+                }
+                EXPECT_EQ(positions["min"].at(axis), least);
+                EXPECT_EQ(positions["max"].at(axis), most);
+            }
+        }
+    }
+    EXPECT_EQ(primitives, 5);
 }
 
 TEST_F(InterchangeTest, ScenesWithoutAFaceToShowGiveFilesThatCanBeRead) {

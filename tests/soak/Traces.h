@@ -68,7 +68,7 @@ inline const char* const kDemanded[] = {
     "form frmSelect", "form frmPreferences", "form frmOptimize", "form frmStats",
     "form frmExportSourceCode", "form frmArbitrarySize", "form QMessageBox",
     "answer a path to open", "answer a path to save", "answer a colour",
-    "file .kvobject", "file .3ds", "file .txt", "file .kvcs", "file .kvcode",
+    "file .kvobject", "file .3ds", "file .obj", "file .glb", "file .txt", "file .kvcs", "file .kvcode",
     "view: brushes", "view: selected brushes", "view: selected vertices",
     "view: places", "view: views", "view: marker", "gauge: depth range",
     "preview: camera", "preview: selected brushes", "keys: camera",

@@ -148,9 +148,10 @@ class Soak {
         window_ = std::make_unique<frmMain>(prompts_, folder_.path().toStdString());
         if (!window_->StartUp()) Fail("the window does not start");
         window_->show();
-        if (!QTest::qWaitForWindowExposed(window_.get())) Fail("the window does not show");
+        if (!QTest::qWaitForWindowExposed(window_.get(), 60'000)) Fail("the window does not show");
         if (OfferRecovery(window_->Session())) ++tally_["start restored"];
         ++tally_["start"];
+        seen_.clear();  // what is new in a new session was done by no hand
     }
 
     /// The next step comes in the event loop of whatever this one opens.
@@ -248,6 +249,7 @@ class Soak {
         for (Brush& brush : scene.brushes) brush.selected = true;
         RefreshAll(window_->Session());
         window_->findChild<QAction*>("mnuDelete")->trigger();
+        seen_.clear();
     }
 
     std::ptrdiff_t FilesInCache(const std::string& ending) const {
@@ -289,8 +291,10 @@ class Soak {
         if (!problem.empty()) Fail(problem);
         if (actions_ % 10 != 0) return;
         const test::Bytes bytes = EncodeObject(editor.scene, editor.textures, true);
+        const auto decoded = DecodeObject(bytes, editor.textures, true);
+        if (!decoded) Fail("the scene cannot be read");
         Scene again;
-        again.brushes = DecodeObject(bytes, editor.textures, true).value_or(again.brushes);
+        again.brushes = *decoded;
         if (EncodeObject(again, editor.textures, true) != bytes) Fail("the scene cannot be stored");
     }
 
