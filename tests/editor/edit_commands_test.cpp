@@ -1,5 +1,5 @@
 // The commands of the Edit and Modify menus as the user meets them.
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "scene/mNormals.h"
 #include "support/SessionFixture.h"
@@ -11,10 +11,6 @@ class EditCommandsTest : public test::SessionTest {
   protected:
     EditCommandsTest() {
         for (int i = 0; i < 3; ++i) AddBox({2.0F * i, 0, 0}, {2.0F * i + 1, 1, 1});
-    }
-
-    void Select(const std::string& flags) {
-        for (std::size_t i = 0; i < flags.size(); ++i) Brushes()[i].selected = flags[i] == '1';
     }
 };
 
@@ -44,23 +40,24 @@ TEST_F(EditCommandsTest, CommandsAreEnabledByWhatTheyNeed) {
 TEST_F(EditCommandsTest, EveryTransformIsOneUndoStepAndTurnsTheWayItsNameSays) {
     // A mark off the middle of a cube from (0, 0, 0) to (2, 2, 2), and where it goes.
     const Vec3 mark{1.5F, 1.25F, 1.125F};
+    constexpr std::string_view kInvert = "mnuInvert";
     const struct {
-        const char* command;
+        std::string_view command;
         Vec3 to;
     } rows[] = {{"mnuRotX", {1.5F, 0.875F, 1.25F}},  {"mnuRotXc", {1.5F, 1.125F, 0.75F}},
                 {"mnuRotY", {1.125F, 1.25F, 0.5F}},  {"mnuRotYc", {0.875F, 1.25F, 1.5F}},
                 {"mnuRotZ", {1.25F, 0.5F, 1.125F}},  {"mnuRotZc", {0.75F, 1.5F, 1.125F}},
                 {"mnuFlipX", {0.5F, 1.25F, 1.125F}}, {"mnuFlipY", {1.5F, 0.75F, 1.125F}},
-                {"mnuFlipZ", {1.5F, 1.25F, 0.875F}}, {"mnuInvert", mark}};
+                {"mnuFlipZ", {1.5F, 1.25F, 0.875F}}, {kInvert, mark}};
     for (const auto& row : rows) {
         Brushes().clear();
         AddBox({0, 0, 0}, {2, 2, 2}).selected = true;
         AddVertex(Brushes()[0], mark, false);
         host.panelRefreshes = 0;
         const auto before = SceneBytes();
-        Run(row.command);
+        Run(row.command.data());
         EXPECT_LT(Distance(Brushes()[0].vertices[8].Position(), row.to), 1e-5) << row.command;
-        EXPECT_NE(SceneBytes(), before) << row.command;
+        EXPECT_TRUE(AllPoint(Brushes()[0], row.command == kInvert ? -1 : +1)) << row.command;
         EXPECT_EQ(host.panelRefreshes, 1) << row.command;
         EXPECT_EQ(editor.undo.UndoCount, 1) << row.command;
         Run("mnuUndo");
@@ -84,64 +81,56 @@ TEST_F(EditCommandsTest, DeletingAsksAsTheSettingsSay) {
     };
     const Scene scene = editor.scene;
     for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.selected << row.warnOne << row.warnMany);
         editor.scene = scene;
         Select(row.selected);
         editor.settings.warnings[WarnDeleteBrush] = row.warnOne;
         editor.settings.warnings[WarnDeleteBrushes] = row.warnMany;
         editor.SceneModified = false;
-        prompts.messages.clear();
         prompts.answers = {row.answer};
         const std::int32_t undoCount = editor.undo.UndoCount;
         Run("mnuDelete");
         EXPECT_EQ(Brushes().size(), row.left);
-        EXPECT_EQ(prompts.messages.empty(), row.question[0] == '\0');
         for (const Message& message : prompts.messages) {
-            EXPECT_EQ(message.text, row.question);
-            EXPECT_EQ(message.title, "Warning!");
             EXPECT_EQ(message.icon, MessageIcon::Question);
             EXPECT_EQ(message.buttons, MessageButtons::YesNo);
         }
-        const bool deleted = row.left < 3;
+        const bool asked = row.question[0] != '\0', deleted = row.left < 3;
+        EXPECT_EQ(prompts.Told(), std::vector<std::string>(asked ? 1 : 0, row.question));
         EXPECT_EQ(editor.undo.UndoCount, undoCount + deleted);
         EXPECT_EQ(editor.SceneModified, deleted);
     }
 }
 
-TEST_F(EditCommandsTest, PastingSelectsOnlyTheLastCopies) {
+TEST_F(EditCommandsTest, APasteIsAFullCopyWithoutInnerSelection) {
     Select("110");
+    Brush& source = Brushes()[1];
+    source.name = "tower";
+    source.group = "castle";
+    source.shape = Cone;
+    source.vertices[1].selected = source.faces[1].selected = true;
+    source.faces[1].smooth = 1;
+    source.faces[1].uv[0] = {7, 8};  // stale: a paste does not recompute
     Run("mnuCopy");
     EXPECT_EQ(editor.undo.UndoCount, 0);
     EXPECT_FALSE(editor.SceneModified);
     Run("mnuPaste");
     Run("mnuPaste");
-    EXPECT_EQ(Selected(), "0000011");
+    EXPECT_EQ(Selected(), "0000011") << "the last copies only";
+    const Brush& copy = Brushes()[6];
+    EXPECT_EQ(copy.name + copy.group, "Brush-0006castle");
     EXPECT_EQ(BoundsOf(6), BoundsOf(1));
-    EXPECT_NE(Brushes()[6].revision, Brushes()[1].revision);
+    EXPECT_EQ(copy.shape, Cone);
+    EXPECT_EQ(copy.faces[1].uv[0], (TexCoord{7, 8}));
+    EXPECT_EQ(copy.faces[1].smooth, 1);
+    EXPECT_FALSE(copy.faces[1].selected || copy.vertices[1].selected);
+    EXPECT_NE(copy.revision, Brushes()[1].revision);
     Run("mnuUnSelect");
     FindCommand("mnuCopy")->run(editor);
     EXPECT_EQ(editor.scene.clipboardCount(), 2) << "nothing selected: the last copy stays";
     Run("mnuUndo");
     EXPECT_EQ(Selected(), "00011");
     EXPECT_FALSE(Enabled("mnuPaste")) << "undo empties the clipboard";
-}
-
-TEST_F(EditCommandsTest, UnSelectRefreshesThePanelAndWorksInLevels) {
-    Select("110");
-    editor.scene.editMode = FaceEdit;
-    Brushes()[0].faces[4].selected = true;
-    Run("mnuUnSelect");
-    EXPECT_EQ(Selected(), "110") << "the face goes first";
-    EXPECT_EQ(host.panelRefreshes, 1);
-    Run("mnuUnSelect");
-    EXPECT_EQ(Selected(), "000");
-}
-
-TEST_F(EditCommandsTest, DialogsAreOpenedByTheWindow) {
-    Select("100");
-    Run("mnuSelect");
-    Run("mnuFreeRotate");
-    Run("mnuMultiply");
-    EXPECT_THAT(host.forms, testing::ElementsAre(Form::Select, Form::FreeRotate, Form::Multiply));
 }
 
 }  // namespace

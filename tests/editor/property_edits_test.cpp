@@ -17,9 +17,6 @@ class PropertyEditsTest : public SessionTest {
         Select("110");
     }
 
-    void Select(const std::string& flags) {
-        for (std::size_t i = 0; i < flags.size(); ++i) Brushes()[i].selected = flags[i] == '1';
-    }
     BrushFace& Face(std::size_t brush, std::size_t face) { return Brushes()[brush].faces[face]; }
 
     /// The boxes in the order of the panel ('-', '*' checked, '?' mixed), levels of checked boxes,

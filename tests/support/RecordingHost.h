@@ -69,6 +69,14 @@ struct ScriptedPrompts : Prompts {
     std::vector<FileDialog> openDialogs;
     std::vector<FileDialog> saveDialogs;
 
+    /// The texts of the messages since the last call.
+    std::vector<std::string> Told() {
+        std::vector<std::string> texts;
+        for (const Message& message : messages) texts.push_back(message.text);
+        messages.clear();
+        return texts;
+    }
+
     Answer ShowMessage(const Message& message) override {
         messages.push_back(message);
         whenAsked();

@@ -51,6 +51,11 @@ class SessionTest : public testing::Test {
         return brush;
     }
 
+    /// Selects the brushes whose flag is '1'.
+    void Select(const std::string& flags) {
+        for (std::size_t i = 0; i < flags.size(); ++i) Brushes()[i].selected = flags[i] == '1';
+    }
+
     Bounds BoundsOf(std::size_t brush) const { return BrushBounds(editor.scene.brushes.at(brush)); }
 
     void Drag(int view, const MouseInput& from, const MouseInput& to) {
