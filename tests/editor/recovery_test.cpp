@@ -21,7 +21,9 @@ using test::Bytes;
 
 /// The fixture's session is the next start; `dead` ran before it and is gone without closing.
 class RecoveryTest : public test::SessionTest {
-  protected:
+  public:
+    using SessionTest::folder;
+
     RecoveryTest() {
         dead = Start();
         SaveOver(*dead, "house.kvobject");
@@ -79,12 +81,18 @@ class RecoveryTest : public test::SessionTest {
     std::unique_ptr<Editor> dead;
 };
 
-TEST_F(RecoveryTest, RestoresTheSceneOneCommandBeforeTheEndWithItsPath) {
+TEST_F(RecoveryTest, RestoresTheSceneOneCommandBeforeTheEndWithItsPathAgainAndAgain) {
     AddBoxes(3);
     const std::string path = dead->CurrentObjectPath;
+    dead->currentFileForeign = true;
+    AddBoxes(1);
     dead.reset();
+    auto second = Start();
+    prompts.answers = {Answer::Yes};
+    EXPECT_TRUE(OfferRecovery(*second));
+    second.reset();
     host.commandStateRefreshes = 0;
-    EXPECT_EQ(Restored(), 2);
+    EXPECT_EQ(Restored(), 3);
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].title, "Notice!");
     EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::YesNo);
@@ -96,26 +104,10 @@ TEST_F(RecoveryTest, RestoresTheSceneOneCommandBeforeTheEndWithItsPath) {
                     "They are deleted if not\\."));
     EXPECT_EQ(editor.CurrentObjectPath, path);
     EXPECT_TRUE(editor.SceneModified);
-    EXPECT_FALSE(editor.currentFileForeign);
-    EXPECT_EQ(Selected(), "01") << "as it was before the last command";
+    EXPECT_TRUE(editor.currentFileForeign) << "Save must still not overwrite it unasked";
+    EXPECT_EQ(Selected(), "001") << "as it was before the last command";
     EXPECT_GE(host.commandStateRefreshes, 1);
     EXPECT_EQ(SnapshotFiles(), 2) << "this run's own record and what it would leave itself";
-    EndRecovery(editor);
-    EXPECT_EQ(SnapshotFiles(), 0);
-}
-
-TEST_F(RecoveryTest, ARestoredSceneSurvivesTheNextEndToo) {
-    AddBoxes(3);
-    dead->currentFileForeign = true;
-    AddBoxes(1);
-    dead.reset();
-    auto second = Start();
-    prompts.answers = {Answer::Yes};
-    EXPECT_TRUE(OfferRecovery(*second));
-    EXPECT_TRUE(second->currentFileForeign);
-    second.reset();
-    EXPECT_EQ(Restored(), 3);
-    EXPECT_TRUE(editor.currentFileForeign) << "Save must still not overwrite it unasked";
 }
 
 TEST_F(RecoveryTest, NoDeletesItButClosingTheQuestionDoesNot) {
@@ -132,155 +124,96 @@ TEST_F(RecoveryTest, NoDeletesItButClosingTheQuestionDoesNot) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
+using R = RecoveryTest;
+
 /// What a run does before it ends, and what the next start restores: boxes, or -1 for no offer.
 struct EndCase {
     const char* what;
-    void (*run)(RecoveryTest&, Editor& dead);
+    void (*run)(RecoveryTest&);
     int boxes;
 };
 
-class EndTest : public RecoveryTest, public testing::WithParamInterface<EndCase> {
-  public:
-    using RecoveryTest::AddBoxes;
-    using RecoveryTest::AddBoxTo;
-    using RecoveryTest::Autosave;
-    using RecoveryTest::Files;
-    using RecoveryTest::SaveOver;
-};
-
-EndTest& As(RecoveryTest& test) {
-    return static_cast<EndTest&>(test);
-}
-
 const EndCase kEnds[] = {
-    {"Nothing", [](RecoveryTest&, Editor&) {}, -1},
-    {"FirstCommand", [](RecoveryTest& t, Editor&) { As(t).AddBoxes(1); }, -1},
-    {"Saved",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(3);
-         As(t).Autosave();
-         As(t).SaveOver(dead, "house.kvobject");
-     },
-     -1},
+    {"Nothing", [](R&) {}, -1},
+    {"FirstCommand", [](R& t) { t.AddBoxes(1); }, -1},
+    {"Saved", [](R& t) { t.AddBoxes(3), t.Autosave(), t.SaveOver(*t.dead, "house.kvobject"); }, -1},
     {"CommandAfterSave",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(3);
-         As(t).SaveOver(dead, "house.kvobject");
-         As(t).AddBoxes(1);
-     },
-     3},
-    {"Autosaved",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(3);
-         As(t).Autosave();
-     },
-     3},
-    {"CommandAfterAutosave",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(3);
-         As(t).Autosave();
-         As(t).AddBoxes(2);
-     },
-     4},
-    {"Undone",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(5);
-         As(t).Autosave();
-         Undo(dead);
-         Undo(dead);
-     },
-     3},
-    {"UndoneAndAutosaved",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(5);
-         Undo(dead);
-         As(t).Autosave();
-         As(t).Autosave();
-     },
+     [](R& t) { t.AddBoxes(3), t.SaveOver(*t.dead, "house.kvobject"), t.AddBoxes(1); }, 3},
+    {"Autosaved", [](R& t) { t.AddBoxes(3), t.Autosave(); }, 3},
+    {"CommandAfterAutosave", [](R& t) { t.AddBoxes(3), t.Autosave(), t.AddBoxes(2); }, 4},
+    {"Undone", [](R& t) { t.AddBoxes(5), t.Autosave(), Undo(*t.dead), Undo(*t.dead); }, 3},
+    {"UndoneAndAutosaved", [](R& t) { t.AddBoxes(5), Undo(*t.dead), t.Autosave(), t.Autosave(); },
      4},
     {"NewObject",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(3);
-         dead.settings.warnings.fill(false);
-         NewObject(dead);
-     },
+     [](R& t) { t.AddBoxes(3), t.dead->settings.warnings.fill(false), NewObject(*t.dead); }, -1},
+    {"AnotherWasOpened",
+     [](R& t) { t.AddBoxes(3), t.Autosave(), OpenObjectFile(*t.dead, t.dead->CurrentObjectPath); },
      -1},
     {"FailedOpenEmptiedTheScene",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(3);
-         test::WriteFileBytes(dead.programFolder + "/bad", {'K'});
-         OpenObjectFile(dead, dead.programFolder + "/bad");
-         As(t).Autosave();
+     [](R& t) {
+         t.AddBoxes(3);
+         test::WriteFileBytes(t.folder.Path("bad"), {'K'});
+         OpenObjectFile(*t.dead, t.folder.Path("bad"));
+         t.Autosave();
      },
      2},
     {"NewestFilesDamaged",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(4);
-         As(t).Autosave();
-         test::WriteFileBytes(As(t).Files("0001$.$kvrecovery$").at(0), {'O', 'B', 'S', 'F', 1});
-         for (const std::string& file : As(t).Files("kvuscache$"))
+     [](R& t) {
+         t.AddBoxes(4), t.Autosave();
+         test::WriteFileBytes(t.Files("0001$.$kvrecovery$").at(0), {'O', 'B', 'S', 'F', 1});
+         for (const std::string& file : t.Files("kvuscache$"))
              if (file.find("$0004_") != file.npos) fs::resize_file(file, 300);
      },
      2},
     {"EverythingDamaged",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(4);
-         for (const std::string& file : As(t).Files("kvuscache$")) fs::resize_file(file, 50);
+     [](R& t) {
+         t.AddBoxes(4);
+         for (const std::string& file : t.Files("kvuscache$")) fs::resize_file(file, 50);
      },
      -1},
     {"RecordDamaged",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(4);
+     [](R& t) {
+         t.AddBoxes(4);
          Bytes noise(5000);
          for (std::size_t i = 0; i < noise.size(); ++i)
              noise[i] = static_cast<std::uint8_t>(i * i % 251 * (i % 3));
-         test::WriteFileBytes(As(t).Files("kvrun$").at(0), noise);
+         test::WriteFileBytes(t.Files("kvrun$").at(0), noise);
      },
      -1},
     {"CutRecord",
-     [](RecoveryTest& t, Editor&) {
-         As(t).AddBoxes(4);
-         const std::string record = As(t).Files("kvrun$").at(0);
+     [](R& t) {
+         t.AddBoxes(4);
+         const std::string record = t.Files("kvrun$").at(0);
          fs::resize_file(record, fs::file_size(record) - 5);
      },
      2},
-    {"FolderEmptiedMeanwhile",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(2);
-         fs::remove_all(dead.programFolder + "/ObjCache");
-         As(t).AddBoxes(2);
-     },
-     3},
-    {"NoFolderAtFirst",
-     [](RecoveryTest& t, Editor& dead) {
-         const std::string cache = dead.programFolder + "/ObjCache";
-         fs::remove_all(cache);
-         test::WriteFileBytes(cache, {'x'});  // in its way
-         BeginRecovery(dead);
-         fs::remove(cache);
-         As(t).AddBoxes(3);
-     },
-     2},
-    {"AnotherWasOpened",
-     [](RecoveryTest& t, Editor& dead) {
-         As(t).AddBoxes(3);
-         As(t).Autosave();
-         OpenObjectFile(dead, dead.CurrentObjectPath);
-     },
-     -1},
     {"RecordLeadsElsewhere",
-     [](RecoveryTest& t, Editor&) {
+     [](R& t) {
          Bytes record;
          for (const char* name : {"../house.kvobject", "$/../../house.kvobject$", "house.kvobject"})
              for (const std::uint8_t byte : EncodeRunEntry(RunEntry::Scene, name))
                  record.push_back(byte);
-         test::WriteFileBytes(As(t).Files("kvrun$").at(0), record);
+         test::WriteFileBytes(t.Files("kvrun$").at(0), record);
      },
      -1},
+    {"FolderEmptiedMeanwhile",
+     [](R& t) { t.AddBoxes(2), fs::remove_all(t.folder.Path("ObjCache")), t.AddBoxes(2); }, 3},
+    {"NoFolderAtFirst",
+     [](R& t) {
+         const std::string cache = t.folder.Path("ObjCache");
+         fs::remove_all(cache);
+         test::WriteFileBytes(cache, {'x'});  // in its way
+         BeginRecovery(*t.dead);
+         fs::remove(cache);
+         t.AddBoxes(3);
+     },
+     2},
 };
 
+class EndTest : public RecoveryTest, public testing::WithParamInterface<EndCase> {};
+
 TEST_P(EndTest, LeavesWhatTheNextStartRestores) {
-    GetParam().run(*this, *dead);
+    GetParam().run(*this);
     dead.reset();
     EXPECT_EQ(Restored(), GetParam().boxes);
     EXPECT_TRUE(fs::exists(folder.Path("house.kvobject")));
@@ -389,20 +322,12 @@ TEST_F(RecoveryTest, OfSeveralDeadRunsTheNewestIsOfferedFirstAndTheOthersWait) {
 
 TEST_F(RecoveryTest, AFullDiskIsToldOnceAndTriedAgain) {
     AddBoxes(2);
-    const auto unable = [this](std::size_t times) {
-        EXPECT_EQ(prompts.messages.size(), times);
-        for (const Message& message : prompts.messages) {
-            EXPECT_EQ(message.title, "Error!");
-            EXPECT_THAT(message.text, testing::StartsWith("Error: Unable to save recovery data!"));
-        }
-    };
     {
         const test::FileSizeLimit full(100);
-        Autosave();
-        Autosave();
-        Autosave();
-        unable(1);
+        for (int i = 0; i < 3; ++i) Autosave();
     }
+    EXPECT_THAT(prompts.Told(),
+                testing::ElementsAre(testing::StartsWith("Error: Unable to save recovery data!")));
     Autosave();
     EXPECT_TRUE(dead->SceneModified);
     dead.reset();
