@@ -33,37 +33,30 @@ TEST_F(TextureClickedTest, WithoutASelectionOnlyTheLibraryChanges) {
     EXPECT_EQ(host.redrawRequests, 0);
 }
 
-TEST_F(TextureClickedTest, GivesSelectedBrushesTheTextureAndFitsIt) {
-    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove}) {
+TEST_F(TextureClickedTest, GivesItToSelectedBrushesOrInFaceEditToSelectedFacesAndFitsIt) {
+    Brushes()[0].faces[0].selected = true;  // of a brush that is not selected
+    std::int32_t texture = 2;
+    for (const EditMode mode : {BrushMove, EdgeMove, VertexMove, FaceEdit}) {
         editor.scene.editMode = mode;
+        Brushes()[1].faces[4].selected = true;
+        texture = 3 - texture;
         editor.SceneModified = false;
-        host.redraws = 0;
-        const std::int32_t texture = mode == EdgeMove ? 2 : 1;
         const auto before = Brushes()[1].faces[4].uv;
         const auto revision = Brushes()[1].revision;
         TextureClicked(editor, texture);
-        EXPECT_EQ(Count(1, texture), 12) << mode;
+        EXPECT_EQ(Count(1, texture), mode == FaceEdit ? 1 : 12) << mode;
+        EXPECT_EQ(Brushes()[1].faces[4].texture, texture) << mode;
         EXPECT_EQ(Count(0, 0), 12) << mode;
         EXPECT_NE(Brushes()[1].faces[4].uv, before) << "fitted to the other size, mode " << mode;
         EXPECT_NE(Brushes()[1].revision, revision) << mode;
         EXPECT_TRUE(editor.SceneModified) << mode;
         EXPECT_EQ(host.redraws, unsigned{RedrawPreview}) << mode;
     }
-}
-
-TEST_F(TextureClickedTest, InFaceEditOnlySelectedFacesGetIt) {
-    editor.scene.editMode = FaceEdit;
-    TextureClicked(editor, 1);
-    EXPECT_EQ(Count(1, 1), 0) << "no face selected";
+    Brushes()[1].faces[4].selected = false;
+    editor.SceneModified = false;
+    TextureClicked(editor, 0);
+    EXPECT_EQ(Count(1, 0), 0) << "no face selected";
     EXPECT_FALSE(editor.SceneModified);
-    EXPECT_EQ(host.redraws, unsigned{RedrawPreview}) << "drawn anyway";
-    Brushes()[0].faces[0].selected = true;  // of a brush that is not selected
-    Brushes()[1].faces[2].selected = true;
-    TextureClicked(editor, 2);
-    EXPECT_EQ(Count(0, 2), 0);
-    EXPECT_EQ(Count(1, 2), 1);
-    EXPECT_EQ(Brushes()[1].faces[2].texture, 2);
-    EXPECT_TRUE(editor.SceneModified);
 }
 
 }  // namespace
