@@ -53,16 +53,13 @@ const Side kSides[] = {
 TEST(TextureCoordsTest, SixSidesAndTheirTies) {
     for (const Side& side : kSides) {
         Brush brush = OneFace(side.normal);
-        EXPECT_EQ(SecondCorner(brush), side.world)
-            << side.normal.x << ' ' << side.normal.y << ' ' << side.normal.z;
+        SCOPED_TRACE(testing::Message() << side.normal.x << side.normal.y << side.normal.z);
+        EXPECT_EQ(SecondCorner(brush), side.world);
         BrushFace& face = brush.faces[0];
         face.localCoords = true;
-        face.repeatX = 3;
-        face.repeatY = 5;
-        face.offsetX = 0.5F;
-        face.offsetY = 0.25F;
-        EXPECT_EQ(SecondCorner(brush), side.local)
-            << side.normal.x << ' ' << side.normal.y << ' ' << side.normal.z;
+        face.repeatX = 3, face.repeatY = 5;
+        face.offsetX = 0.5F, face.offsetY = 0.25F;
+        EXPECT_EQ(SecondCorner(brush), side.local);
     }
 }
 
@@ -70,17 +67,20 @@ TEST(TextureCoordsTest, TilesFollowTextureSizeAndScale) {
     SceneMaker maker;
     Brush brush = OneFace({0, 0, 1});
     brush.vertices[1].MoveTo({3, 1.5F, 0});
-    EXPECT_EQ(SecondCorner(brush), (TexCoord{1.5F, 1.5F}));
-    brush.faces[0].texture = 2;
-    EXPECT_EQ(SecondCorner(brush), (TexCoord{0.75F, 0.375F}));
     brush.faces[0].repeatX = 9;  // world mapping takes no notice of repeat and offset
     brush.faces[0].offsetX = 9;
-    maker.TextureScale = 8;
-    UpdateTextureCoords(brush, maker.Space());
-    EXPECT_EQ(brush.faces[0].uv[1], (TexCoord{0.375F, 0.1875F}));
-    maker.TextureScale = 0;
-    UpdateTextureCoords(brush, maker.Space());
-    EXPECT_EQ(brush.faces[0].uv[1], TexCoord{});
+    const struct {
+        std::int32_t texture;
+        float scale;
+        TexCoord expected;
+    } rows[] = {
+        {1, 4, {1.5F, 1.5F}}, {2, 4, {0.75F, 0.375F}}, {2, 8, {0.375F, 0.1875F}}, {2, 0, {}}};
+    for (const auto& row : rows) {
+        brush.faces[0].texture = row.texture;
+        maker.TextureScale = row.scale;
+        UpdateTextureCoords(brush, maker.Space());
+        EXPECT_EQ(brush.faces[0].uv[1], row.expected) << row.texture << " " << row.scale;
+    }
 }
 
 TEST(TextureCoordsTest, FlipAndMirrorBeforeRotation) {
