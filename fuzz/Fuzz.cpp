@@ -1,12 +1,16 @@
 #include "Fuzz.h"
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 
-// Only clang brings the header along: the heap is metered in the fuzz targets themselves.
+// Only clang brings the header along: the fuzz targets meter the heap with the sanitizer's hooks,
+// the replay with operators of its own.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define KORVANE_METER 1
+#define KORVANE_SANITIZER_HOOKS 1
 #include <sanitizer/allocator_interface.h>
 #endif
 #endif
@@ -15,36 +19,34 @@ namespace korvane::fuzz {
 namespace {
 
 // The readers run on one thread, and one meter at a time.
-[[maybe_unused]] bool metering = false;
-[[maybe_unused]] std::int64_t held = 0;
+bool metering = false;
+std::int64_t held = 0;
 std::int64_t peak = 0;
 
-#ifdef KORVANE_METER
 void Taken(const volatile void*, std::size_t size) {
     if (!metering) return;
     held += static_cast<std::int64_t>(size);
     peak = std::max(peak, held);
 }
 
-void Given(const volatile void* memory) {
-    if (!metering || memory == nullptr) return;
-    held -=
-        static_cast<std::int64_t>(__sanitizer_get_allocated_size(const_cast<const void*>(memory)));
+void Given(std::size_t size) {
+    if (metering) held -= static_cast<std::int64_t>(size);
 }
 
 void StartMetering() {
-    [[maybe_unused]] static const bool installed = [] {
-        const bool done = __sanitizer_install_malloc_and_free_hooks(Taken, Given) != 0;
-        Require(done, "the memory can be metered");
-        return done;
+#ifdef KORVANE_SANITIZER_HOOKS
+    static const bool installed = [] {
+        const auto given = [](const volatile void* memory) {
+            if (memory != nullptr)
+                Given(__sanitizer_get_allocated_size(const_cast<const void*>(memory)));
+        };
+        return __sanitizer_install_malloc_and_free_hooks(Taken, given) != 0;
     }();
+    Require(installed, "the memory can be metered");
+#endif
     held = peak = 0;
     metering = true;
 }
-#else
-void StartMetering() {
-}
-#endif
 
 }  // namespace
 
@@ -84,3 +86,21 @@ Bytes MakeTga(const TgaShape& shape, Input data) {
 }
 
 }  // namespace korvane::fuzz
+
+#ifndef KORVANE_SANITIZER_HOOKS
+void* operator new(std::size_t size) {
+    void* memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    korvane::fuzz::Taken(memory, malloc_usable_size(memory));
+    return memory;
+}
+
+void operator delete(void* memory) noexcept {
+    korvane::fuzz::Given(malloc_usable_size(memory));
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    operator delete(memory);
+}
+#endif

@@ -42,7 +42,7 @@ inline constexpr Target kTargets[] = {{"object", CheckObject},     {"snapshot", 
 /// Prints the property and aborts when it does not hold.
 void Require(bool holds, const char* property);
 
-/// Measures the memory taken from its making on. Measures nothing without AddressSanitizer.
+/// Measures the memory taken from its making on.
 class HeapMeter {
   public:
     HeapMeter();

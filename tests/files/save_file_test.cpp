@@ -8,7 +8,6 @@
 #include <filesystem>
 
 #include "files/FileBuffer.h"
-#include "support/FileSizeLimit.h"
 #include "support/TempFolder.h"
 
 namespace korvane {
@@ -113,21 +112,6 @@ TEST(SaveFileTest, RefusesFilesAndFoldersWithoutWritePermission) {
     chmod(folder.Path().c_str(), 0700);
     EXPECT_EQ(FileBytes(path), kOld);
     EXPECT_EQ(folder.EntryCount(), 2);
-}
-
-TEST(SaveFileTest, AFullDiskLeavesTheOldFileWhole) {
-    const TempFolder folder;
-    WriteFileBytes(folder.Path("file"), kOld);
-    const Bytes large(100'000, 1);
-    {
-        const test::FileSizeLimit full(4096);
-        EXPECT_FALSE(SaveFile(folder.Path("file"), large));
-        EXPECT_FALSE(SaveFile(folder.Path("another"), large));
-        EXPECT_EQ(CreateFile(folder.Path("new"), large), Creation::Failed);
-    }
-    EXPECT_EQ(FileBytes(folder.Path("file")), kOld);
-    EXPECT_EQ(folder.EntryCount(), 1) << "no part of a file is left";
-    EXPECT_TRUE(SaveFile(folder.Path("file"), large)) << "with room again it works";
 }
 
 TEST(CreateFileTest, NeverTouchesWhatIsThere) {

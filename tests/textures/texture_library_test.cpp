@@ -6,15 +6,6 @@
 namespace korvane {
 namespace {
 
-TEST(TextureLibraryTest, StartsWithThePlaceholder) {
-    const TextureLibrary library(64, 32);
-    EXPECT_EQ(library.ListCount(), 1);
-    EXPECT_EQ(library.TextureName(0), "NO Material");
-    EXPECT_EQ(library.TextureFilename(0), "");
-    EXPECT_EQ(library.TextureHeight(0), 32);
-    EXPECT_EQ(library.Selected(), 0);
-}
-
 TEST(TextureLibraryTest, LookupsIgnoreCaseAndFallBackToThePlaceholder) {
     TextureLibrary library;
     library.AddTexture("brick.jpg", 256, 128);
@@ -28,7 +19,7 @@ TEST(TextureLibraryTest, LookupsIgnoreCaseAndFallBackToThePlaceholder) {
 }
 
 TEST(TextureLibraryTest, IndicesOutsideTheTableAreHarmless) {
-    TextureLibrary library;
+    TextureLibrary library(64, 32);
     library.AddTexture("brick.jpg", 256, 128);
     library.SelectTexture(1);
     library.SelectTexture(2);
