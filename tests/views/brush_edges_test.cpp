@@ -1,9 +1,9 @@
+// Which edges the 2D views draw and pick.
 #include <gtest/gtest.h>
 
 #include <set>
 #include <utility>
 
-#include "views/core/DepthRange.h"
 #include "views/core/mBrushEdges.h"
 
 namespace korvane {
@@ -24,16 +24,10 @@ Brush BrushOf(std::int16_t shape, int vertices) {
     return brush;
 }
 
-TEST(BrushEdges, ABoxHasTwoRingsAndTheEdgesBetween) {
+TEST(BrushEdges, BoxesAndConesHaveTheirRingsSpheresTwoSidesOfEachTriangle) {
     EXPECT_EQ(EdgesOf(BrushOf(Box, 6)),
               (Edges{{0, 1}, {1, 2}, {2, 0}, {3, 4}, {4, 5}, {5, 3}, {0, 3}, {1, 4}, {2, 5}}));
-}
-
-TEST(BrushEdges, AConeHasItsBaseAndTheEdgesToTheApex) {
     EXPECT_EQ(EdgesOf(BrushOf(Cone, 4)), (Edges{{0, 1}, {1, 2}, {2, 0}, {0, 3}, {1, 3}, {2, 3}}));
-}
-
-TEST(BrushEdges, ASphereHasTwoSidesOfEachTriangle) {
     Brush sphere = BrushOf(Sphere, 4);
     AddFace(sphere, 0, 1, 2, 1);
     AddFace(sphere, 3, 2, 1, 2);
@@ -51,25 +45,9 @@ TEST(BrushEdges, EdgesToVerticesThatDoNotExistAreLeftOut) {
                     << shape << ' ' << count << ": " << a << ' ' << b;
             }
         }
-    // Half of 7 vertices rounds to rings of 4, of 5 to rings of 2.
+    // Half of 7 vertices rounds to rings of 4.
     EXPECT_EQ(EdgesOf(BrushOf(Box, 7)),
               (Edges{{0, 1}, {1, 2}, {2, 3}, {3, 0}, {4, 5}, {5, 6}, {0, 4}, {1, 5}, {2, 6}}));
-    EXPECT_EQ(EdgesOf(BrushOf(Box, 5)), (Edges{{0, 1}, {1, 0}, {2, 3}, {3, 2}, {0, 2}, {1, 3}}));
-}
-
-TEST(DepthRange, FollowsTheSelectionsHeight) {
-    Scene scene;
-    const auto brush = static_cast<std::size_t>(AddBrush(scene, "", ""));
-    AddVertex(scene.brushes[brush], {5, -1, 7}, false);
-    AddVertex(scene.brushes[brush], {6, 3, 8}, false);
-    DepthRange range{2, 0};
-    EXPECT_FALSE(DepthRangeFromSelection(scene, range));
-    EXPECT_EQ(range.HI, 2);
-    EXPECT_EQ(range.LO, 0);
-    scene.brushes[brush].selected = true;
-    EXPECT_TRUE(DepthRangeFromSelection(scene, range));
-    EXPECT_EQ(range.HI, 3);
-    EXPECT_EQ(range.LO, -1);
 }
 
 }  // namespace

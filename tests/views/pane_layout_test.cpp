@@ -33,40 +33,23 @@ TEST(PaneLayoutTest, FourPanesMeetAtTheSplit) {
     EXPECT_EQ(layout.gauge, (TwipRect{18000, 900, 1200, 11670}));
 }
 
-TEST(PaneLayoutTest, ExtremeSplitsLeaveEmptyPanesNeverNegativeOnes) {
+TEST(PaneLayoutTest, SmallWindowsAndExtremeSplitsLeaveNoNegativePane) {
+    PaneFrame tiny = WideFrame();
+    tiny.clientWidth = 4200;  // no room at all
     for (const float split : {0.0F, 1.0F}) {
-        PaneFrame tiny = WideFrame();
-        tiny.clientWidth = 4200;  // no room at all
         const PaneLayout layout = LayoutPanes(tiny, 0, split, split);
-        for (const Pane& pane : layout.views) {
-            EXPECT_GE(pane.rect.width, 0);
-            EXPECT_GE(pane.rect.height, 0);
-        }
+        for (const Pane& pane : layout.views)
+            EXPECT_TRUE(pane.rect.width >= 0 && pane.rect.height >= 0);
         EXPECT_EQ(layout.preview.rect.width, 0);
     }
     EXPECT_EQ(LayoutPanes(WideFrame(), 0, 1, 1).preview.rect.width, 14910);
     EXPECT_EQ(LayoutPanes(WideFrame(), 0, 1, 1).views[0].rect.width, 0);
-}
-
-TEST(PaneLayoutTest, SingleLayoutsShowOnePane) {
-    for (int viewLayout = 1; viewLayout <= 4; ++viewLayout) {
-        const PaneLayout layout = LayoutPanes(WideFrame(), viewLayout, 0.5F, 0.5F);
-        EXPECT_EQ(layout.preview.visible, viewLayout == 4);
-        for (int view = 0; view < 3; ++view) {
-            EXPECT_EQ(layout.views[view].visible, viewLayout == view + 1);
-        }
-        const Pane& only = viewLayout == 4 ? layout.preview : layout.views[viewLayout - 1];
-        EXPECT_EQ(only.rect, (TwipRect{3000, 900, 14970, 11670}));
-        EXPECT_FALSE(layout.gripVisible);
-    }
-}
-
-TEST(PaneLayoutTest, SmallWindowsKeepTheLeastSizes) {
-    PaneFrame tiny = WideFrame();
     tiny.clientWidth = 3500;
     tiny.clientHeight = 2000;
+    EXPECT_EQ(LayoutPanes(WideFrame(), 1, 1, 1).views[0].rect, (TwipRect{3000, 900, 14970, 11670}));
     const PaneLayout layout = LayoutPanes(tiny, 1, 0.5F, 0.5F);
     EXPECT_EQ(layout.views[0].rect, (TwipRect{3000, 900, 1500, 1500}));
+    EXPECT_FALSE(layout.gripVisible || layout.views[1].visible || layout.preview.visible);
     EXPECT_EQ(layout.gauge.left, 3000);
     EXPECT_EQ(layout.gauge.height, 3000);
 }
