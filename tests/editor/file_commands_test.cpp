@@ -56,6 +56,7 @@ class FileCommandsTest : public test::SessionTest {
 
 TEST_F(FileCommandsTest, SaveAsksForANameOnceAndOpenBringsTheSceneBack) {
     AddBox("wall");
+    EXPECT_EQ(WindowTitle(editor), "Korvane - New_Object*");
     Choose(folder.Path("house.kvobject"));
     SaveCurrentObject(editor);
     ASSERT_EQ(prompts.saveDialogs.size(), 1U);

@@ -231,16 +231,6 @@ TEST_F(GesturesTest, GaugePansVerticallyByItself) {
     ExpectLevels(0, 2);
 }
 
-TEST_F(GesturesTest, ZoomIsSharedAndEndsAtItsBounds) {
-    ZoomIn(editor);
-    for (const ViewState& view : editor.views) EXPECT_EQ(view.zoom, 82);
-    EXPECT_EQ(editor.gauge.zoom, 82);
-    EXPECT_EQ(host.redraws, RedrawAll);
-    for (ViewState& view : editor.views) view.zoom = 500;
-    ZoomIn(editor);
-    EXPECT_EQ(host.redrawRequests, 1);
-}
-
 TEST_F(GesturesTest, ResetBringsViewsCameraAndSplitBack) {
     editor.views[LeftView].panX = 9;
     editor.gauge.panY = 9;

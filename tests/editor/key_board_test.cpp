@@ -169,15 +169,6 @@ TEST_F(KeyBoardTest, ZoomRepeatsWhileHeld) {
     EXPECT_EQ(editor.views[TopView].zoom, 80);
 }
 
-TEST_F(KeyBoardTest, OfTwoKeysWithOneCodeEachHoldsIt) {
-    constexpr int kLeftShift = 42, kRightShift = 54, kShift = 16;
-    for (const int key : {kLeftShift, kRightShift}) PressKey(editor, key, kShift);
-    ReleaseKey(editor, kLeftShift);
-    EXPECT_TRUE(Held(kShift));
-    ReleaseKey(editor, kRightShift);
-    EXPECT_FALSE(Held(kShift));
-}
-
 TEST_F(KeyBoardTest, ARepeatedKeyIsOnePress) {
     Level();
     PressKey(editor, 25, 87, 5000);

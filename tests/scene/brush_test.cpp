@@ -145,7 +145,7 @@ TEST(RingTest, PointsLieWhereTheRulesSay) {
         {5, kTen, 4, 10, 10},
         {6, kTen, 0, 3, 0},
         {6, kTen, 3, 7, 20},
-        {7, {2, 1, 2}, 0, 1.71F, 1.71F},
+        {7, {2, 1, 2}, 0, 1.71F, 1.71F},  // from here on rounded to two decimals
         {7, {2, 1, 2}, 1, 1.99F, 0.89F},
         {8, {4, 1, 2}, 1, 4, 1},
         {8, {4, 1, 2}, 2, 3.41F, 0.29F},

@@ -151,24 +151,6 @@ bool FacesDisagreeAtVertex0(const Brush& brush) {
     });
 }
 
-TEST(BrushNormalsTest, TheOrderOfSummationIsKept) {
-    struct Row {
-        int pairs, level;
-        float slope;
-    };
-    for (const Row& row :
-         {Row{1, 1, 1e-12F}, Row{3, 2, 1e-12F}, Row{30, 3, 1e-11F}, Row{110, 2, 1e-11F}}) {
-        bool disagreed = false;
-        for (std::uint32_t seed = 0; seed < 6; ++seed) {
-            Brush brush = OpposedWalls(row.pairs, row.level, row.slope, seed);
-            ExpectPlainNormals(brush, "walls");
-            UpdateBrushNormals(brush);
-            disagreed = disagreed || FacesDisagreeAtVertex0(brush);
-        }
-        EXPECT_TRUE(disagreed) << "with this row the order should matter";
-    }
-}
-
 TEST(BrushNormalsTest, AVertexOfVeryManySidesHasOneSum) {
     // With a sum of its own for every face, a file could keep the program busy for many minutes.
     Brush brush = OpposedWalls(260, 60, 1e-11F, 1);
