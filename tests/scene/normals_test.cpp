@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 #include <random>
+#include <tuple>
 
 #include "scene/mNormals.h"
 #include "support/PlainGeometry.h"
@@ -149,6 +150,20 @@ bool FacesDisagreeAtVertex0(const Brush& brush) {
     return std::any_of(brush.faces.begin(), brush.faces.end(), [&](const BrushFace& face) {
         return !(face.cornerNormals[0] == brush.faces[0].cornerNormals[0]);
     });
+}
+
+TEST(BrushNormalsTest, TheOrderOfSummationIsKept) {
+    for (const auto& [pairs, level, slope] :
+         {std::tuple(1, 1, 1e-12F), {3, 2, 1e-12F}, {30, 3, 1e-11F}, {110, 2, 1e-11F}}) {
+        bool disagreed = false;
+        for (std::uint32_t seed = 0; seed < 6; ++seed) {
+            Brush brush = OpposedWalls(pairs, level, slope, seed);
+            ExpectPlainNormals(brush, "walls");
+            UpdateBrushNormals(brush);
+            disagreed = disagreed || FacesDisagreeAtVertex0(brush);
+        }
+        EXPECT_TRUE(disagreed) << "with this row the order should matter";
+    }
 }
 
 TEST(BrushNormalsTest, AVertexOfVeryManySidesHasOneSum) {

@@ -85,20 +85,25 @@ TEST_F(ViewEditTest, VerticesArePickedThroughTheDepthOfSelectedBrushesOnly) {
     EXPECT_EQ(Flags(0), "11000000") << "too far";
 }
 
-/// The plain definition: a pick of vertices at both ends of every edge.
+/// The plain definition: every vertex near one of the ends of every edge near the point.
 void PlainPickEdges(Scene& scene, int view, const Vec3& point, float picker, bool select) {
     const auto near = [&](const Vec3& a, const Vec3& b) {
         const ViewAxes& axes = AxesOf(view);
         const Vec3 d = Absolute(Difference(a, b));
         return d.*axes.horizontal <= picker && d.*axes.vertical <= picker;
     };
-    for (Brush& brush : scene.brushes) {
-        if (!brush.selected) continue;
+    std::vector<Vec3> ends;
+    for (const Brush& brush : scene.brushes) {
         ForEachEdge(brush, [&](std::int32_t a, std::int32_t b) {
-            if (!near(Midpoint(At(brush, a), At(brush, b)), point)) return;
-            PickVerticesAt(scene, view, At(brush, a), picker, select);
-            PickVerticesAt(scene, view, At(brush, b), picker, select);
+            const bool picked = near(Midpoint(At(brush, a), At(brush, b)), point);
+            if (brush.selected && picked) ends.insert(ends.end(), {At(brush, a), At(brush, b)});
         });
+    }
+    for (Brush& brush : scene.brushes) {
+        for (Vertex& v : brush.vertices) {
+            const auto meets = [&](const Vec3& end) { return near(v.Position(), end); };
+            if (brush.selected && std::ranges::any_of(ends, meets)) v.selected = select;
+        }
     }
 }
 
