@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <string>
+#include <utility>
 
 // The names are the linker's.
 extern "C" {
@@ -21,7 +23,12 @@ namespace {
 std::atomic<Step> failing = Step::None;
 std::atomic<int> failures = 0;
 std::atomic<int> writes = 0;
+thread_local std::string trace;  ///< files are also written by another thread
 std::atomic<int> writable = -1;  ///< opened last for writing
+
+void Note(char what) {
+    trace += what;
+}
 
 bool Fails(Step step, int error) {
     if (failing != step) return false;
@@ -67,10 +74,15 @@ int Failures() {
     return failures;
 }
 
+std::string TakeTrace() {
+    return std::exchange(trace, {});
+}
+
 }  // namespace korvane::test
 
 extern "C" {
 using korvane::test::Fails;
+using korvane::test::Note;
 using korvane::test::Step;
 
 int __real_fchmod(int fd, mode_t mode);
@@ -91,6 +103,9 @@ int __wrap_fchmod(int fd, mode_t mode) {
     return Fails(Step::Mode, EPERM) ? -1 : __real_fchmod(fd, mode);
 }
 int __wrap_fsync(int fd) {
+    struct stat flushed;
+    const bool folder = fstat(fd, &flushed) == 0 && S_ISDIR(flushed.st_mode);
+    Note(folder ? 'D' : 'F');
     return Fails(Step::Flush, EIO) ? -1 : __real_fsync(fd);
 }
 int __wrap_linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
@@ -98,6 +113,7 @@ int __wrap_linkat(int fromFolder, const char* from, int toFolder, const char* to
     return __real_linkat(fromFolder, from, toFolder, to, flags);
 }
 int __wrap_rename(const char* from, const char* to) {
+    Note('R');
     return Fails(Step::Rename, EACCES) ? -1 : __real_rename(from, to);
 }
 }

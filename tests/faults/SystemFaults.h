@@ -2,6 +2,8 @@
 // through here (see tests/CMakeLists.txt), so that the code under test is the one that ships.
 #pragma once
 
+#include <string>
+
 namespace korvane::test {
 
 /// The steps by which a file comes about.
@@ -13,5 +15,9 @@ void FailAt(Step step);
 
 /// How often the last step that was to fail did.
 int Failures();
+
+/// What has reached the disk since the last call, in order: F a file's content, D a folder's names,
+/// R a rename.
+std::string TakeTrace();
 
 }  // namespace korvane::test
