@@ -134,9 +134,8 @@ TEST_F(LoadTexturesTest, FailedFilesKeepTheirNumberButShiftNoIndex) {
 }
 
 TEST_F(LoadTexturesTest, AnErrorIsLoggedAndTheNextFileIsLoaded) {
-    Bitmap("a.bmp", 64, 64);
-    Bitmap("b.bmp", 32, 32);
-    Bitmap("c.bmp", 128, 128);
+    for (const auto& [name, side] : {std::pair{"a.bmp", 64}, {"b.bmp", 32}, {"c.bmp", 128}})
+        Bitmap(name, side, side);
     log_.failAt = "b.bmp";
     LoadAll();
     EXPECT_THAT(Entries(), ElementsAre("", "a.bmp", "c.bmp"));
@@ -157,14 +156,10 @@ TEST_F(LoadTexturesTest, AThumbnailThatFailsCostsOnlyTheThumbnail) {
     EXPECT_EQ(objects_.size(), 2U);
     EXPECT_THAT(log_.lines, ElementsAre("        LOAD_Texture: (0001) a.bmp Loaded",
                                         "{ERROR_MOD(AddTexture): 0 - no room} (Added)"));
-}
-
-TEST_F(LoadTexturesTest, WithoutAContextNothingIsUploaded) {
-    Bitmap("a.bmp", 64, 64);
+    cDIBSection image;
     ReleaseRenderContext(context_);
-    LoadAll();
-    EXPECT_EQ(library_.ListCount(), 1);
-    EXPECT_THAT(log_.lines, ElementsAre("        LOAD_Texture: (0001) a.bmp FAILED!"));
+    EXPECT_FALSE(LoadTexture(context_, objects_, Path("a.bmp").toStdString(), image));
+    EXPECT_EQ(objects_.size(), 2U) << "without a context nothing is uploaded";
 }
 
 }  // namespace
