@@ -1,7 +1,6 @@
 // Steps of a drag on a kept backdrop against full repaints of the same session, pixel for pixel.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <random>
 
 #include "support/SessionFixture.h"
@@ -96,26 +95,6 @@ TEST_F(BackdropTest, AStepDoesNotLookAtUnselectedBrushes) {
     backdrop = {};
     PaintMoveStep(editor, TopView, surface, backdrop);
     EXPECT_NE(surface.image, before);
-}
-
-TEST_F(BackdropTest, ABackdropForSomethingElseIsMadeAnew) {
-    AddBrushes(12);
-    ViewState& view = editor.views[TopView];
-    const std::function<void()> changes[] = {
-        [&] { view.width += 20; },
-        [&] { view.panX = 9; },
-        [&] { view.zoom = 30; },
-        [&] { surface.ratio = 2; },
-        [&] { AddBrushes(1); },
-        [&] { editor.scene.brushes.erase(editor.scene.brushes.begin()); },
-    };
-    for (const auto& change : changes) {
-        PaintMoveStep(editor, TopView, surface, backdrop);
-        change();
-        UpdateViewOrigins(editor);
-        ASSERT_NO_FATAL_FAILURE(ExpectSameAsFullRepaint(TopView));
-    }
-    PaintMoveStep(editor, kViewCount, surface, backdrop);  // no such view: nothing happens
 }
 
 }  // namespace

@@ -65,43 +65,6 @@ void FillStage(PreviewStage& stage) {
     }
 }
 
-TEST(PreviewPictureTest, EqualsImmediateModeFromManyPlaces) {
-    PreviewStage stage;
-    FillStage(stage);
-    struct Place {
-        Camera camera;
-        const char* what;
-    };
-    const Place places[] = {{{0, 3, 5, -30, 0, 0}, "start"},
-                            {{6, 2, 1, -15, 80, 0}, "from the right"},
-                            {{0, 0.7F, -1, 0, 200, 0}, "among the brushes"},
-                            {{0.3F, 12, 0, -90, 0, 0}, "from above"},
-                            {{-3, 0.4F, 4, 20, 340, 0}, "looking up"},
-                            {{-0.5F, 0.5F, 1.5F, -10, 10, 0}, "inside a box"},
-                            {{0, 3, 30, -5, 0, 0}, "far away"}};
-    for (const Place& place : places) {
-        stage.editor.camera = place.camera;
-        ExpectLikeImmediate(stage, place.what);
-    }
-}
-
-TEST(PreviewPictureTest, EqualsImmediateModeWithSelectionAndHiddenFaces) {
-    PreviewStage stage;
-    FillStage(stage);
-    auto& brushes = stage.editor.scene.brushes;
-    ExpectLikeImmediate(stage, "nothing selected");
-    for (std::size_t i = 0; i < brushes.size(); i += 2) brushes[i].selected = true;
-    ExpectLikeImmediate(stage, "every other one selected");
-    stage.editor.settings.showInvisible = false;
-    ExpectLikeImmediate(stage, "without invisible faces");
-    for (Brush& brush : brushes) brush.selected = true;
-    ExpectLikeImmediate(stage, "all selected");
-    ExpectLikeImmediate(stage, "the material left by a tinted frame");
-    for (Brush& brush : brushes) brush.selected = false;
-    stage.editor.settings.show3DGrid = false;
-    ExpectLikeImmediate(stage, "unselected again, no grid");
-}
-
 TEST(PreviewPictureTest, FollowsEveryKindOfChange) {
     PreviewStage stage;
     FillStage(stage);
@@ -126,17 +89,17 @@ TEST(PreviewPictureTest, FollowsEveryKindOfChange) {
     ClearScene(stage.editor.scene);
     FillStage(stage);
     ExpectLikeImmediate(stage, "a new scene");
-}
-
-TEST(PreviewPictureTest, OfTwoFacesInOnePlaceTheFirstShows) {
-    PreviewStage stage;
-    stage.LookFrom(0.5F, 0.5F, 3);
-    stage.Add({0, 0, 0}, {1, 1, 1}, 0);
-    const QRgb alone = stage.Render().pixel(160, 120);
-    stage.Add({0, 0, 0}, {1, 1, 1}, 1);
-    EXPECT_EQ(stage.Render().pixel(160, 120), alone);
-    std::swap(stage.editor.scene.brushes[0], stage.editor.scene.brushes[1]);
-    EXPECT_NE(stage.Render().pixel(160, 120), alone);
+    Settings& settings = stage.editor.settings;
+    for (Brush& brush : brushes) brush.selected = true;
+    settings.colors[ColorItem::View3DBackground] = MakeColor(10, 20, 30);
+    settings.colors[ColorItem::View3DSelectedFaces] = MakeColor(0, 255, 0);
+    ExpectLikeImmediate(stage, "all selected, other colours");
+    for (Brush& brush : brushes) brush.selected = false;
+    settings.show3DGrid = false;
+    ExpectLikeImmediate(stage, "no grid, and the material left by a tinted frame");
+    stage.LookFrom(5000, 0, 3);
+    stage.Add({4999, -1, -1}, {5001, 1, 0}, 0);
+    ExpectLikeImmediate(stage, "beyond the working range");
 }
 
 /// The brightness that the light gives a face of the normal, 0..255, by hand: ambient of scene and
@@ -153,34 +116,26 @@ void ExpectColor(QRgb pixel, int r, int g, int b, const char* what) {
     EXPECT_NEAR(qBlue(pixel), b, 2) << what;
 }
 
-TEST(PreviewPictureTest, FacesAreLitFromTheWorldsLight) {
+TEST(PreviewPictureTest, FacesAreLitFromTheWorldsLightAndTinted) {
     PreviewStage stage;
     stage.editor.settings.show3DGrid = false;
-    stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
-    struct Side {
+    Brush& brush = stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
+    const struct {
         Camera camera;
         int light;
         const char* what;
-    };
-    const Side sides[] = {{{0, 0, 3, 0, 0, 0}, Lit(0, 0, 1), "front"},
-                          {{0, 0, -3, 0, 180, 0}, Lit(0, 0, -1), "back"},
-                          {{3, 0, 0, 0, 90, 0}, Lit(1, 0, 0), "right"},
-                          {{-3, 0, 0, 0, 270, 0}, Lit(-1, 0, 0), "left"},
-                          {{0, 3, 0, -90, 0, 0}, Lit(0, 1, 0), "top"},
-                          {{0, -3, 0, 90, 0, 0}, Lit(0, -1, 0), "bottom"}};
-    for (const Side& side : sides) {
-        stage.editor.camera = side.camera;
-        ExpectColor(stage.Render().pixel(160, 120), side.light, side.light, side.light, side.what);
-    }
-}
-
-TEST(PreviewPictureTest, TheSelectionIsTinted) {
-    PreviewStage stage;
-    stage.editor.settings.show3DGrid = false;
-    stage.LookFrom(0, 0, 3);
-    Brush& brush = stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
-    const int light = Lit(0, 0, 1);
+    } sides[] = {{{0, 0, -3, 0, 180, 0}, Lit(0, 0, -1), "back"},
+                 {{3, 0, 0, 0, 90, 0}, Lit(1, 0, 0), "right"},
+                 {{-3, 0, 0, 0, 270, 0}, Lit(-1, 0, 0), "left"},
+                 {{0, 3, 0, -90, 0, 0}, Lit(0, 1, 0), "top"},
+                 {{0, -3, 0, 90, 0, 0}, Lit(0, -1, 0), "bottom"},
+                 {{0, 0, 3, 0, 0, 0}, Lit(0, 0, 1), "front"}};
     const auto center = [&] { return stage.Render().pixel(160, 120); };
+    for (const auto& side : sides) {
+        stage.editor.camera = side.camera;
+        ExpectColor(center(), side.light, side.light, side.light, side.what);
+    }
+    const int light = Lit(0, 0, 1);
     brush.selected = true;
     ExpectColor(center(), light, light * 128 / 255, light * 128 / 255, "selected brush");
     for (BrushFace& face : brush.faces) face.selected = true;
@@ -188,9 +143,6 @@ TEST(PreviewPictureTest, TheSelectionIsTinted) {
     ExpectColor(center(), light, light, light * 128 / 255, "selected face");
     brush.selected = false;
     ExpectColor(center(), light, light, light, "a face counts only in a selected brush");
-    stage.editor.settings.colors[ColorItem::View3DSelectedFaces] = MakeColor(0, 255, 0);
-    brush.selected = true;
-    ExpectColor(center(), 0, light, 0, "the scheme's colour");
 }
 
 TEST(PreviewPictureTest, TheBoxEndsWhereItsEdgesAre) {
@@ -211,19 +163,6 @@ TEST(PreviewPictureTest, TheBoxEndsWhereItsEdgesAre) {
         EXPECT_NE(frame.pixel(200, inside), background) << sign;
         EXPECT_EQ(frame.pixel(200, outside), background) << sign;
     }
-}
-
-TEST(PreviewPictureTest, BackgroundAndInvisibleFacesFollowTheSettings) {
-    PreviewStage stage;
-    stage.LookFrom(0, 0, 3);
-    stage.editor.settings.colors[ColorItem::View3DBackground] = MakeColor(10, 20, 30);
-    stage.editor.settings.show3DGrid = false;
-    Brush& brush = stage.Add({-0.5F, -0.5F, -0.5F}, {0.5F, 0.5F, 0.5F}, 0);
-    for (BrushFace& face : brush.faces) face.invisible = true;
-    Touch(brush);
-    EXPECT_NE(stage.Render().pixel(160, 120), qRgb(10, 20, 30));
-    stage.editor.settings.showInvisible = false;
-    EXPECT_EQ(stage.Render().pixel(160, 120), qRgb(10, 20, 30));
 }
 
 /// Where grid lines cross the horizontal middle line of the picture, seen straight from above:
@@ -276,13 +215,6 @@ TEST(PreviewPictureTest, StrangeScenesAreDrawnWithoutHarm) {
     stage.Render();
     EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
     EXPECT_EQ(stage.renderer.mesh.faces.size(), brush.faces.size() - 1);
-}
-
-TEST(PreviewPictureTest, BrushesBeyondTheWorkingRangeAreNotLost) {
-    PreviewStage stage;
-    stage.LookFrom(5000, 0, 3);
-    stage.Add({4999, -1, -1}, {5001, 1, 0}, 0);
-    ExpectLikeImmediate(stage, "far from the origin");
 }
 
 }  // namespace

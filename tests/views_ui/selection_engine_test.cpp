@@ -1,12 +1,10 @@
-// The optimizer's reference in selection mode, and the fast engine beside it: what the driver says
-// lies under the pixel, stop by stop and over whole runs.
+// The optimizer's reference in selection mode: what the driver says lies under the pixel, stop by
+// stop, beside the plain pick.
 #include <gtest/gtest.h>
 #include <malloc.h>
 
 #include <cstdlib>
-#include <set>
 
-#include "optimizer/FastEngine.h"
 #include "optimizer/mOptimize.h"
 #include "support/PlainOptimizer.h"
 #include "support/PreviewStage.h"
@@ -107,55 +105,6 @@ TEST_F(SelectionEngineTest, DriverFindsThePolygonOfThePlainPick) {
     EXPECT_EQ(stops, 20000);
     EXPECT_GT(hits, stops / 2);
     EXPECT_LE(differ, stops / 2000) << "99.95 % have to agree";
-}
-
-/// A polygon that only one of two whole runs over a pair hides has to be one that the driver and
-/// the plain pick decide a tie about somewhere.
-std::set<std::int32_t> PolygonsOfTies(const PreparedPair& pair, const OptimizeOptions& options) {
-    std::set<std::int32_t> polygons;
-    const StopCamera camera(options);
-    for (const CameraStop& stop : CameraStops(options)) {
-        const StopView view = ViewBeside(camera, stop, pair.orbit, pair.pickOther);
-        const std::int32_t driver =
-            SelectAtStop(stop, view, {pair.target, pair.invisible, pair.other});
-        const std::int32_t plain =
-            PickAtStop(view, pair.pickTarget, pair.invisible, pair.pickOther);
-        if (pair.PolygonOf(driver) == pair.PolygonOf(plain)) continue;
-        if (!IsTie(view, pair, driver, plain)) continue;
-        polygons.insert({pair.PolygonOf(driver), pair.PolygonOf(plain)});
-    }
-    return polygons;
-}
-
-TEST_F(SelectionEngineTest, WholeRunsSetTheFlagsOfTheFastEngine) {
-    Dice dice(12);
-    int hidden = 0;
-    for (int i = 0; i < 1000; ++i) {
-        const SceneMaker made = MakePair(dice);
-        OptimizeOptions options;
-        const auto kind = static_cast<std::size_t>(i);
-        options.angleStep = kDetailSteps[kind % 60 < 3 ? kind % 60 : 3 + kind % 2];
-        options.polarPasses = i % 3 != 0;
-        options.zAxisPass = i % 4 != 0;
-        Scene fast = made.scene;
-        Scene reference = made.scene;
-        hidden += OptimizeScene(fast, *MakeFastEngine(fast, options)).hidden;
-        OptimizeScene(reference, *MakeSelectionEngine(stage.context, reference, options));
-        for (std::size_t b = 0; b < 2; ++b) {
-            std::set<std::int32_t> differ;
-            for (std::size_t f = 0; f < fast.brushes[b].faces.size(); ++f) {
-                if (fast.brushes[b].faces[f].invisible != reference.brushes[b].faces[f].invisible) {
-                    differ.insert(fast.brushes[b].faces[f].polygonId);
-                }
-            }
-            if (differ.empty()) continue;
-            Scene turned = made.scene;
-            std::swap(turned.brushes[0], turned.brushes[b]);
-            const std::set<std::int32_t> ties = PolygonsOfTies(PreparedPair(turned), options);
-            EXPECT_TRUE(std::ranges::includes(ties, differ)) << "pair " << i << ", brush " << b;
-        }
-    }
-    EXPECT_GT(hidden, 500);
 }
 
 TEST_F(SelectionEngineTest, PicksLeaveNoMemoryBehind) {
