@@ -1,15 +1,9 @@
-// One story for each edit mode, told with the mouse on the real window: pick, add, take away, drag,
-// undo.
-#include <gmock/gmock.h>
-
+// Editing with the mouse on the real window: pick, add, take away, drag, undo, group.
 #include "EditingFixture.h"
 #include "views/ui/mRender2D.h"
 
 namespace korvane::test {
 namespace {
-
-using testing::Each;
-using testing::ElementsAre;
 
 using EditingGesturesTest = EditingTest;
 
@@ -35,52 +29,8 @@ TEST_F(EditingGesturesTest, BrushesArePickedMovedAndPutBack) {
     Choose("mnuUndo");
     EXPECT_EQ(BoundsOf(1), kSecond);
     EXPECT_EQ(Selected(), "-*") << "the selection comes back with it";
-    for (const char* before : {"**", "*-", "--"}) {
-        Choose("mnuUndo");
-        EXPECT_EQ(Selected(), before);
-    }
     Choose("mnuUndo");
-    Choose("mnuUndo");
-    EXPECT_EQ(Session().scene.brushCount(), 0);
-    EXPECT_FALSE(Enabled("mnuUndo"));
-}
-
-TEST_F(EditingGesturesTest, EdgesArePickedMovedAndPutBack) {
-    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
-    Choose("mnuModeEdge");
-    ClickTop({-1, 0, 0});
-    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1, -1, -1)) << "the edge below it, too";
-    ClickTop({-2, 0, 0});
-    EXPECT_EQ(SelectedX().size(), 8U);
-    ClickTop({-2, 0, 0}, Qt::ControlModifier);
-    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1, -1, -1));
-
-    DragTop({-1, 0, 0}, {-0.5F, 0, 0.5F});
-    EXPECT_EQ(BoundsOf(0), (Bounds{{-2, 0, -1}, {-0.5F, 2, 1.5F}}));
-    EXPECT_EQ(BoundsOf(1), kSecond);
-    EXPECT_EQ(Shown(View(FrontView)).pixel(At(FrontView, {-0.5F, 0.7F, 0})), kSelectedLine);
-    Choose("mnuUndo");
-    EXPECT_EQ(BoundsOf(0), kFirst);
-    EXPECT_EQ(Selected(), "*-");
-}
-
-TEST_F(EditingGesturesTest, VerticesArePickedMovedAndPutBack) {
-    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
-    Choose("mnuModeVertex");
-    ClickTop({-2, 0, -1});
-    EXPECT_THAT(SelectedX(), ElementsAre(-2, -2));
-    ClickTop({-1, 0, 1});
-    ClickTop({-1.5F, 0, 0.5F});
-    EXPECT_THAT(SelectedX(), ElementsAre(-2, -2, -1, -1)) << "a click beside all clears nothing";
-    ClickTop({-2, 0, -1}, Qt::ControlModifier);
-    EXPECT_THAT(SelectedX(), ElementsAre(-1, -1));
-
-    DragTop({-1, 0, 1}, {-0.5F, 0, 1.5F});
-    EXPECT_THAT(SelectedX(), Each(-0.5F));
-    EXPECT_EQ(BoundsOf(0), (Bounds{{-2, 0, -1}, {-0.5F, 2, 1.5F}}));
-    EXPECT_EQ(BoundsOf(1), kSecond);
-    Choose("mnuUndo");
-    EXPECT_EQ(BoundsOf(0), kFirst);
+    EXPECT_EQ(Selected(), "**") << "and what was clicked last";
 }
 
 TEST_F(EditingGesturesTest, EveryViewFollowsADragWhileItRuns) {
@@ -103,13 +53,10 @@ TEST_F(EditingGesturesTest, EveryViewFollowsADragWhileItRuns) {
     EXPECT_EQ(BoundsOf(0), (Bounds{{-0.5F, 0, -0.5F}, {0.5F, 2, 1.5F}}));
 }
 
-/// The group box of the property panel.
 TEST_F(EditingGesturesTest, TheGroupBoxGroupsTheSelection) {
     auto* box = Find<QLineEdit>("txtBrushGroup");
     EXPECT_FALSE(box->isEnabled());
-    EXPECT_FALSE(Find("lblBrushName")->isEnabled());
     ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
-    ASSERT_TRUE(box->isEnabled());
     EXPECT_TRUE(Find("lblBrushName")->isEnabled());
     EXPECT_FALSE(Find("txtBrushName")->isEnabled());
     QTest::mouseClick(box, Qt::LeftButton);
@@ -125,11 +72,6 @@ TEST_F(EditingGesturesTest, TheGroupBoxGroupsTheSelection) {
     EXPECT_FALSE(Find("lblBrushName")->isEnabled());
     QTest::keyClick(box, Qt::Key_Return);
     EXPECT_EQ(BrushAt(0).group + "|" + BrushAt(1).group, "walls|") << "that text is no group";
-    box->selectAll();
-    QTest::keyClicks(box, "all");
-    QTest::keyClick(box, Qt::Key_Return);
-    EXPECT_EQ(BrushAt(0).group + "|" + BrushAt(1).group, "all|all");
-    EXPECT_EQ(Text("txtBrushName"), "*Multiple Brushes*");
     Choose("mnuUnSelect");
     EXPECT_EQ(Text("txtBrushName") + Text("txtBrushGroup"), "");
     EXPECT_FALSE(box->isEnabled());

@@ -1,8 +1,7 @@
-// The property panel with its real controls: edits of mixed selections by mouse and keys, read back
-// from the faces.
+// The property panel with its real controls: what each of them writes into the faces of a mixed
+// selection, by mouse and keys.
 #include <QCheckBox>
 #include <QLabel>
-#include <QScrollArea>
 #include <QSlider>
 #include <QWheelEvent>
 
@@ -11,16 +10,16 @@
 namespace korvane::test {
 namespace {
 
+/// Both brushes of 12 faces are selected.
 class PropertyPanelTest : public EditingTest {
   protected:
-    void SelectBoth() {
+    void ShowAll() {
         for (Brush& brush : Session().scene.brushes) brush.selected = true;
         RefreshAll(Session());
     }
     /// Clicks the box itself or, without a caption in the way, what the style takes for it.
     void Click(const char* box) { QTest::mouseClick(Find(box), Qt::LeftButton, {}, QPoint(8, 8)); }
     int State(const char* box) { return Find<QCheckBox>(box)->checkState(); }
-    bool Enabled(const char* name) { return Find(name)->isEnabled(); }
     bool ViewsHaveFocus() { return Find("pbFocusKeeper")->hasFocus(); }
 
     /// Drags the handle of a slider to a value near the wanted one, which it returns.
@@ -57,11 +56,7 @@ TEST_F(PropertyPanelTest, AClickOnAMixedBoxSetsTheFlagOfAllFaces) {
         {"chkFlipped", &BrushFace::flipped},
         {"chkMirrored", &BrushFace::mirrored}};
     for (const auto& [box, flag] : flags) BrushAt(1).faces[5].*flag = true;
-    BrushAt(0).faces[0].smooth = 1;
-    SelectBoth();
-    EXPECT_EQ(Title(), "Korvane - New_Object*");
-    Session().SceneModified = false;
-    RefreshAll(Session());
+    ShowAll();
     for (const auto& [box, flag] : flags) {
         EXPECT_EQ(State(box), Qt::PartiallyChecked) << box;
         EXPECT_EQ(Count(flag, true), 1) << "showing is not editing";
@@ -72,36 +67,31 @@ TEST_F(PropertyPanelTest, AClickOnAMixedBoxSetsTheFlagOfAllFaces) {
             EXPECT_TRUE(ViewsHaveFocus()) << box;
         }
     }
-    EXPECT_EQ(Title(), "Korvane - New_Object*");
     BrushAt(0).faces[3].selected = true;  // faces of several brushes: those are the targets
     Click("chkFlagSmooth");
-    EXPECT_EQ(BrushAt(0).faces[3].smooth, 1);
-    EXPECT_EQ(Count(&BrushFace::smooth, 1), 2);
+    EXPECT_EQ(Count(&BrushFace::smooth, 1), 1);
     EXPECT_EQ(State("chkFlagSmooth"), Qt::PartiallyChecked) << "the panel sums up all faces";
 }
 
 TEST_F(PropertyPanelTest, TheTransparencySliderWritesOnlyWhileItsBoxIsChecked) {
-    BrushAt(1).selected = true;
     for (BrushFace& face : BrushAt(1).faces) face.transparency = 40;
+    BrushAt(1).selected = true;
     RefreshAll(Session());
     auto* slider = Find<QSlider>("hsTransparent");
     auto* label = Find<QLabel>("lblTransparent");
-    EXPECT_EQ(slider->value(), 40);
     EXPECT_EQ(label->text(), "40%");
-    SelectBoth();
+    ShowAll();
     EXPECT_EQ(State("chkFlagTransparent"), Qt::PartiallyChecked);
     EXPECT_EQ(slider->value(), 40) << "stays where it was, though the first face has 0";
     DragTo("hsTransparent", 70);
-    EXPECT_EQ(Count(&BrushFace::transparency, 40), 12) << "mixed is not checked";
     Click("chkFlagTransparent");
-    EXPECT_EQ(Count(&BrushFace::transparency, 40), 12) << "the box writes nothing";
+    EXPECT_EQ(Count(&BrushFace::transparency, 40), 12) << "mixed is not checked";
     const int level = DragTo("hsTransparent", 20);
     EXPECT_EQ(Count(&BrushFace::transparency, level), 24);
     EXPECT_EQ(label->text(), QString("%1%").arg(level));
     Click("chkFlagTransparent");
     EXPECT_FALSE(slider->isEnabled() || label->isEnabled());
     EXPECT_EQ(label->text(), "");
-    EXPECT_EQ(Count(&BrushFace::transparency, level), 24);
     RefreshAll(Session());
     EXPECT_EQ(State("chkFlagTransparent"), Qt::Checked) << "the faces kept their level";
 
@@ -110,18 +100,16 @@ TEST_F(PropertyPanelTest, TheTransparencySliderWritesOnlyWhileItsBoxIsChecked) {
     EXPECT_TRUE(slider->isEnabled()) << "still under the hand";
     QTest::mouseRelease(slider, Qt::LeftButton);
     EXPECT_EQ(State("chkFlagTransparent"), Qt::Unchecked);
-    EXPECT_FALSE(slider->isEnabled());
 }
 
 TEST_F(PropertyPanelTest, TheRotationFollowsItsSliderAndItsBox) {
     BrushAt(0).faces[2].rotation = 90;
-    SelectBoth();
+    ShowAll();
     EXPECT_EQ(State("chkRotate"), Qt::PartiallyChecked);
     auto* slider = Find<QSlider>("hsRotate");
-    const auto uv = BrushAt(1).faces[0].uv;
+    QWidget* box = Find("chkRotate");
     const int degrees = DragTo("hsRotate", 130);
     EXPECT_EQ(Count(&BrushFace::rotation, degrees), 24);
-    EXPECT_NE(BrushAt(1).faces[0].uv, uv);
     EXPECT_EQ(Find<QLabel>("lblRotate")->text(), QString("%1°").arg(degrees));
     EXPECT_TRUE(ViewsHaveFocus());
     Click("chkRotate");  // still mixed: checked applies the slider
@@ -129,61 +117,46 @@ TEST_F(PropertyPanelTest, TheRotationFollowsItsSliderAndItsBox) {
     Click("chkRotate");
     EXPECT_EQ(Count(&BrushFace::rotation, 0), 24);
     EXPECT_EQ(slider->value(), 0);
-    EXPECT_EQ(BrushAt(1).faces[0].uv, uv);
-    EXPECT_FALSE(slider->isEnabled());
     EXPECT_EQ(Find<QLabel>("lblRotate")->text(), "");
-    Find("chkRotate")->setFocus();
-    QTest::keyClick(Find("chkRotate"), Qt::Key_Right);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Right);
     EXPECT_EQ(Count(&BrushFace::rotation, 0), 24) << "the slider is disabled";
-    QTest::keyClick(Find("chkRotate"), Qt::Key_Space);
-    EXPECT_TRUE(slider->isEnabled());
-    QTest::keyClick(Find("chkRotate"), Qt::Key_PageUp);
-    QTest::keyClick(Find("chkRotate"), Qt::Key_Left);
+    for (const auto key : {Qt::Key_Space, Qt::Key_PageUp, Qt::Key_Left}) QTest::keyClick(box, key);
     EXPECT_EQ(Count(&BrushFace::rotation, 14), 24) << "by the keys of the slider";
-    QTest::keyClick(Find("chkRotate"), Qt::Key_Home);
     QWheelEvent wheel({8, 8}, slider->mapToGlobal(QPointF(8, 8)), {}, {0, 120}, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(slider, &wheel);
-    EXPECT_EQ(Count(&BrushFace::rotation, 0), 24) << "the wheel scrolls the panel";
+    EXPECT_EQ(Count(&BrushFace::rotation, 14), 24) << "the wheel scrolls the panel";
 }
 
 TEST_F(PropertyPanelTest, EnterInANumberBoxWritesOneAxis) {
+    const struct {
+        const char *box, *text;
+        float BrushFace::*field;
+        Qt::Key enter;
+    } rows[] = {{"txtTextureOffset_0", "-2", &BrushFace::offsetX, Qt::Key_Return},
+                {"txtTextureOffset_1", "0.5", &BrushFace::offsetY, Qt::Key_Return},
+                {"txtTextureRepeat_0", "1.5", &BrushFace::repeatX, Qt::Key_Enter},
+                {"txtTextureRepeat_1", "3", &BrushFace::repeatY, Qt::Key_Return}};
     BrushAt(1).faces[0].localCoords = true;
-    BrushAt(1).faces[0].offsetX = 0.25F;
-    SelectBoth();
+    ShowAll();
     EXPECT_TRUE(Find("lblOffset")->isEnabled()) << "a mixed box enables as well";
     EXPECT_EQ(Text("txtTextureOffset_0"), "0");
     QLocale::setDefault(QLocale::German);
-    Type("txtTextureOffset_1", "0.5");
-    EXPECT_EQ(Count(&BrushFace::offsetY, 0.5F), 0) << "not before Enter";
-    QTest::keyClick(Find("txtTextureOffset_1"), Qt::Key_Return);
-    EXPECT_EQ(Count(&BrushFace::offsetY, 0.5F), 24);
-    EXPECT_EQ(Count(&BrushFace::offsetX, 0.25F), 1);
-    EXPECT_TRUE(ViewsHaveFocus());
-    Type("txtTextureRepeat_0", "1.5");
-    QTest::keyClick(Find("txtTextureRepeat_0"), Qt::Key_Enter);
-    EXPECT_EQ(Count(&BrushFace::repeatX, 1.5F), 24);
-    Type("txtTextureOffset_0", "-2");
-    QTest::keyClick(Find("txtTextureOffset_0"), Qt::Key_Return);
-    EXPECT_EQ(Count(&BrushFace::offsetX, -2.0F), 24);
-    Type("txtTextureRepeat_1", "3");
-    QTest::keyClick(Find("txtTextureRepeat_1"), Qt::Key_Return);
-    EXPECT_EQ(Count(&BrushFace::repeatY, 3.0F), 24);
-    EXPECT_EQ(Count(&BrushFace::repeatX, 1.5F), 24);
-    EXPECT_EQ(Text("txtTextureRepeat_0") + " " + Text("txtTextureOffset_1"), "1.5 0.5");
+    for (const auto& row : rows) {
+        const float value = QString(row.text).toFloat();
+        Type(row.box, row.text);
+        EXPECT_EQ(Count(row.field, value), 0) << "not before Enter";
+        QTest::keyClick(Find(row.box), row.enter);
+        EXPECT_EQ(Count(row.field, value), 24) << row.box;
+        EXPECT_TRUE(ViewsHaveFocus()) << row.box;
+    }
     QLocale::setDefault(QLocale::C);
+    for (const auto& row : rows) EXPECT_EQ(Text(row.box), row.text);
     Type("txtTextureRepeat_1", "7");
     Choose("mnuUnSelect");
     EXPECT_FALSE(Find("txtTextureRepeat_1")->isEnabled());
     EXPECT_TRUE(ViewsHaveFocus()) << "a disabled box keeps no keys";
-}
-
-TEST_F(PropertyPanelTest, NothingIsCutOffInTheLowestWindow) {
-    window->resize(640, 480);
-    SelectBoth();
-    QTest::qWait(100);
-    auto* scroller = Find("conProps")->findChild<QScrollArea*>();
-    EXPECT_LE(scroller->widget()->minimumSizeHint().width(), scroller->viewport()->width());
 }
 
 }  // namespace
