@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QProcess>
 
 #include "GuiFixture.h"
 #include "scene/mNormals.h"
@@ -24,6 +25,12 @@ class EditingTest : public GuiTest {
         QTest::mouseClick(View(TopView), Qt::RightButton, {}, At(TopView, to));
     }
 
+    /// Sends events of keyboard and mouse to the X server.
+    void X(const QStringList& arguments) {
+        ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << "xdotool is needed";
+        QTest::qWait(60);
+    }
+
     QWidget* View(int view) { return Find(QString("pbView%1").arg(view)); }
 
     void ClickTop(const Vec3& at, Qt::KeyboardModifiers keys = {}) {
@@ -42,16 +49,6 @@ class EditingTest : public GuiTest {
         std::string marks;
         for (const Brush& brush : Session().scene.brushes) marks += brush.selected ? '*' : '-';
         return marks;
-    }
-
-    /// The X of every selected vertex of selected brushes, sorted.
-    std::vector<float> SelectedX() {
-        std::vector<float> xs;
-        for (const Brush& brush : Session().scene.brushes)
-            for (const Vertex& vertex : brush.vertices)
-                if (brush.selected && vertex.selected) xs.push_back(vertex.x);
-        std::sort(xs.begin(), xs.end());
-        return xs;
     }
 
     bool Enabled(const char* command) { return Find<QAction>(command)->isEnabled(); }

