@@ -1,10 +1,8 @@
 #!/usr/bin/env bash
 # Kills the editor itself after an edit with the mouse, starts it again and answers its question
-# with the keyboard. Usage: editor.sh KORVANE KORVANE_CLI EXAMPLES [PICTURE]: PICTURE becomes one of
-# the question, or of the screen where the test failed.
+# with the keyboard. Usage: editor.sh KORVANE KORVANE_CLI EXAMPLES
 set -u
 cli=$(realpath -e "$2") && house=$(realpath -e "$3/house.kvobject") || exit 1
-picture=${4:-}
 work=$(mktemp -d)
 editor=
 trap '[ -n "$editor" ] && kill -9 $editor 2>/dev/null; rm -rf "$work"' EXIT
@@ -13,7 +11,6 @@ cp "$1" "$work/korvane" && mkdir "$work/ObjTextures" && cp "$house" "$work/house
 fail() {
     echo "FAILED: $*"
     ls "$work/ObjCache"
-    [ -n "$picture" ] && import -window root "$picture"
     exit 1
 }
 
@@ -63,7 +60,6 @@ kill_editor
 start
 await "the question" window "Notice!"
 sleep 0.5
-[ -n "$picture" ] && import -window root "$picture"
 xdotool key Return # Yes
 await "the restored scene" window "Korvane - house\*"
 sleep 1
