@@ -114,9 +114,10 @@ class KillTest {
         for (int i = 0; i < kills_; ++i) KillOnce();
         EndWell();
         std::printf(
-            "kills %d (%d of them during the start), edits %d, saves %d, restored %d, faults %d\n",
+            "kills %d (%d of them during the start), edits %d, saves %d, restored %d, "
+            "temporary files left beside the object %td, faults %d\n",
             figures_.kills, figures_.early, figures_.edits, figures_.saves, figures_.restored,
-            figures_.faults);
+            Temporaries(), figures_.faults);
         return figures_.faults == 0 ? 0 : 1;
     }
 
@@ -179,6 +180,12 @@ class KillTest {
         if (!driver.AwaitEnd()) Fault("the last run did not end well");
         CheckStart(driver.WhatWasTold());
         if (!fs::is_empty(folder_.Path("ObjCache"))) Fault("a run that was closed left files");
+    }
+
+    std::ptrdiff_t Temporaries() const {
+        return std::ranges::count_if(fs::directory_iterator(folder_.Path()), [](const auto& entry) {
+            return entry.path().extension() == ".tmp";
+        });
     }
 
     void Fault(const std::string& what) {
