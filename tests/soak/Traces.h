@@ -81,7 +81,7 @@ inline const char* const kDemanded[] = {
 // What takes more luck: asked only of long runs.
 inline const char* const kDemandedLater[] = {
     "preview: selected faces", "button: flags of faces", "text: mapping", "start restored",
-    "slider: mapping", "list: textures", "button: key map", "file .kvkm",
+    "list: textures", "button: key map", "file .kvkm",
 };
 // clang-format on
 
