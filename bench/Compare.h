@@ -3,12 +3,13 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
 #include <iterator>
 #include <vector>
+
+#include "base/FreedMemory.h"
 
 namespace korvane::bench {
 
@@ -45,11 +46,10 @@ void Compare(benchmark::State& state, Operation operation, Reference reference) 
     state.counters["ratio"] = Median(ratios);
 }
 
-/// main() of a benchmark program whose memory stays with the process when freed. Otherwise it
-/// depends on the layout of the heap which side of a comparison pays for getting its pages anew.
+/// main() of a benchmark program that keeps freed memory as the editor does. Otherwise it depends
+/// on the layout of the heap which side of a comparison pays for getting its pages anew.
 inline int RunWithKeptHeap(int argc, char** argv) {
-    mallopt(M_TRIM_THRESHOLD, 1 << 30);
-    mallopt(M_MMAP_THRESHOLD, 1 << 25);
+    KeepFreedMemory();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

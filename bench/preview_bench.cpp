@@ -221,8 +221,7 @@ BENCHMARK(BM_UploadTwelveTextures)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    const int result = korvane::bench::RunWithKeptHeap(argc, argv);
     Stages().clear();
-    return 0;
+    return result;
 }

@@ -50,7 +50,7 @@ TEST_F(PreviewMeshTest, OnlyChangedBrushesAreSentAgain) {
     ASSERT_EQ(changed.size(), 1U);
     EXPECT_EQ(changed[0].first, mesh_.brushes[3].firstCorner);
     EXPECT_EQ(changed[0].count, mesh_.brushes[3].cornerRoom);
-    EXPECT_EQ(mesh_.brushes[3].max.y, 7);
+    EXPECT_EQ(mesh_.brushes[3].bounds.max.y, 7);
     for (const std::size_t i : {1U, 2U, 4U}) Touch(scene_.brushes[i]);
     EXPECT_EQ(UpdatePreviewMesh(mesh_, scene_).size(), 2U) << "neighbours go together";
 }

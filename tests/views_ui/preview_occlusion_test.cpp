@@ -44,7 +44,7 @@ TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
         c.change(stage, wall);
         Touch(wall);
         stage.Render();
-        const auto& items = stage.renderer.runs.items;
+        const auto& items = stage.renderer.runs.brushes.Items();
         EXPECT_EQ(std::ranges::count(items, 1U, &DrawItem::brush), c.sent ? 1 : 0) << c.what;
     }
 }
@@ -131,7 +131,7 @@ TEST(PreviewOcclusionTest, PicturesOfScenesAtRandomEqualImmediateMode) {
                 stage.editor.settings.showInvisible = view % 2 == 0;
                 stage.editor.camera = scene.AnyCamera();
                 const QImage ours = stage.Render().copy();
-                sent += stage.renderer.runs.items.size();
+                sent += stage.renderer.runs.brushes.Items().size();
                 all += stage.editor.scene.brushes.size();
                 test::RenderImmediate(stage.context, stage.Shown());
                 int different = 0;

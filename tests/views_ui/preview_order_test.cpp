@@ -11,7 +11,7 @@ namespace {
 
 DrawItem Item(std::uint32_t brush, std::int32_t state, float depth, const Vec3& min,
               const Vec3& max) {
-    return {brush, state, depth, min, max, {}};
+    return {brush, state, depth, {min, max}, {}};
 }
 
 /// A unit cube at a distance along Z.
@@ -60,8 +60,9 @@ TEST(DrawOrderTest, HoldsForScenesAtRandom) {
         int wrong = 0;
         for (std::size_t i = 0; i < sorted.size(); ++i) {
             for (std::size_t k = i + 1; k < sorted.size(); ++k) {
-                const DrawItem &a = sorted[i], &b = sorted[k];
-                wrong += a.brush >= b.brush && over(a.min.x, a.max.x, b.min.x, b.max.x) &&
+                const BoundingBox &a = sorted[i].bounds, &b = sorted[k].bounds;
+                wrong += sorted[i].brush >= sorted[k].brush &&
+                         over(a.min.x, a.max.x, b.min.x, b.max.x) &&
                          over(a.min.y, a.max.y, b.min.y, b.max.y) &&
                          over(a.min.z, a.max.z, b.min.z, b.max.z);
             }

@@ -9,6 +9,7 @@
 
 #include "app/frmMain.h"
 #include "app/mObjectPicture.h"
+#include "base/FreedMemory.h"
 #include "base/Version.h"
 #include "editor/mFileOpenSave.h"
 #include "editor/mRestore.h"
@@ -61,6 +62,7 @@ bool AnswersQuestion(const std::string& argument) {
 
 int main(int argc, char** argv) {
     if (argc > 1 && AnswersQuestion(argv[1])) return 0;
+    korvane::KeepFreedMemory();
     AskForDesktopOpenGL();
     QApplication::setOrganizationName("Korvane");
     QApplication::setApplicationName("Korvane");

@@ -26,8 +26,7 @@ bool Overlap(float min1, float max1, float min2, float max2) {
     return min1 <= max2 + kTouching && min2 <= max1 + kTouching;
 }
 
-template <class Bounded>
-bool Meet(const Bounded& a, const Bounded& b) {
+bool Meet(const BoundingBox& a, const BoundingBox& b) {
     return Overlap(a.min.x, a.max.x, b.min.x, b.max.x) &&
            Overlap(a.min.y, a.max.y, b.min.y, b.max.y) &&
            Overlap(a.min.z, a.max.z, b.min.z, b.max.z);
@@ -38,10 +37,10 @@ float Vec3::*WidestAxis(const std::vector<DrawItem>& items) {
     float Vec3::*widest = &Vec3::x;
     float most = -1;
     for (const auto axis : {&Vec3::x, &Vec3::y, &Vec3::z}) {
-        const auto [low, high] =
-            std::ranges::minmax(items, {}, [&](const DrawItem& item) { return item.min.*axis; });
-        if (high.min.*axis - low.min.*axis <= most) continue;
-        most = high.min.*axis - low.min.*axis;
+        const auto [low, high] = std::ranges::minmax(
+            items, {}, [&](const DrawItem& item) { return item.bounds.min.*axis; });
+        if (high.bounds.min.*axis - low.bounds.min.*axis <= most) continue;
+        most = high.bounds.min.*axis - low.bounds.min.*axis;
         widest = axis;
     }
     return widest;
@@ -72,15 +71,15 @@ bool DrawOrder::FindPairs(const std::vector<DrawItem>& items) {
     pairs_.clear();
     sweep_.clear();
     for (const DrawItem& item : items) {
-        sweep_.push_back({item.min, item.max, static_cast<std::uint32_t>(sweep_.size())});
+        sweep_.push_back({item.bounds, static_cast<std::uint32_t>(sweep_.size())});
     }
-    std::ranges::sort(sweep_, {}, [&](const Extent& extent) { return extent.min.*axis; });
+    std::ranges::sort(sweep_, {}, [&](const Extent& extent) { return extent.bounds.min.*axis; });
     std::size_t tests = 0;
     for (auto one = sweep_.begin(); one != sweep_.end(); ++one) {
-        const float end = one->max.*axis + kTouching;
+        const float end = one->bounds.max.*axis + kTouching;
         auto other = one + 1;
-        for (; other != sweep_.end() && other->min.*axis <= end; ++other) {
-            if (!Meet(*one, *other)) continue;
+        for (; other != sweep_.end() && other->bounds.min.*axis <= end; ++other) {
+            if (!Meet(one->bounds, other->bounds)) continue;
             const bool oneIsLater = items[one->item].brush > items[other->item].brush;
             pairs_.push_back(oneIsLater ? std::pair(one->item, other->item)
                                         : std::pair(other->item, one->item));

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "scene/mVector.h"
+#include "views/ui/mBrushTree.h"
 #include "views/ui/mOcclusion.h"
 
 namespace korvane {
@@ -19,8 +19,7 @@ struct DrawItem {
     std::uint32_t brush = 0;  ///< place in the scene
     std::int32_t state = 0;   ///< items of one state are best drawn together
     float depth = 0;          ///< of the nearest point of its bounds
-    Vec3 min;                 ///< bounds
-    Vec3 max;
+    BoundingBox bounds;
     PixelRect shown{};  ///< only there can it be seen
 };
 
@@ -34,8 +33,7 @@ class DrawOrder {
   private:
     /// Bounds of an item, kept together for the search.
     struct Extent {
-        Vec3 min;
-        Vec3 max;
+        BoundingBox bounds;
         std::uint32_t item;
     };
 

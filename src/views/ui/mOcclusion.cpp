@@ -81,6 +81,13 @@ void SpreadCorners(const std::array<double, 4>& row, const Extents& box, Corners
     for (int i = 0; i < 8; ++i) out[i] = middle + x * kX[i] + y * kY[i] + z * kZ[i];
 }
 
+/// Whether all cells are at least as near as needed.
+bool AreNear(const float* cells, int count, float needed) {
+    int far = 0;
+    for (int i = 0; i < count; ++i) far |= cells[i] < needed ? 1 : 0;
+    return far == 0;
+}
+
 /// Least and greatest. Folded in halves, so that it takes few steps.
 std::pair<float, float> Range(const Corners& values) {
     std::array<float, 4> least, most;
@@ -131,12 +138,15 @@ OcclusionBuffer::ClipPoint OcclusionBuffer::Project(double x, double y, double z
             apply(projection_[3])};
 }
 
-PixelRect OcclusionBuffer::Showing(const Vec3& min, const Vec3& max) const {
+/// Nothing for a box that reaches the near plane: it may touch everything.
+std::optional<OcclusionBuffer::Footprint> OcclusionBuffer::FootprintOf(
+    const BoundingBox& bounds) const {
+    const auto& [min, max] = bounds;
     const Extents box{
         {(double(min.x) + max.x) / 2, (double(min.y) + max.y) / 2, (double(min.z) + max.z) / 2},
         {(max.x - min.x) / 2, (max.y - min.y) / 2, (max.z - min.z) / 2}};
     const float nearestDepth = Least(projection_[3], box);
-    if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return {0, 0, width_, height_};
+    if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return std::nullopt;
     Corners x, y, w;
     SpreadCorners(projection_[0], box, x);
     SpreadCorners(projection_[1], box, y);
@@ -152,25 +162,53 @@ PixelRect OcclusionBuffer::Showing(const Vec3& min, const Vec3& max) const {
     const int lastX = FloorWithin(right - 0.5F + kEdgeRoom, width_ - 1);
     const int firstY = std::max(CeilWithin(bottom - 0.5F - kEdgeRoom, height_), 0);
     const int lastY = FloorWithin(top - 0.5F + kEdgeRoom, height_ - 1);
-    if (firstX > lastX || firstY > lastY) return {};
-    const PixelRect all{firstX, firstY, lastX - firstX + 1, lastY - firstY + 1};
-    const PixelRect open = Uncovered(all, 1 / nearestDepth * kDepthRounding + kDepthRoom);
-    if (open.width == 0) return {};
-    const bool muchHidden = all.width * all.height - open.width * open.height > kMuchHidden;
-    return muchHidden ? open : PixelRect{0, 0, width_, height_};
+    const float nearest = 1 / nearestDepth * kDepthRounding + kDepthRoom;
+    if (firstX > lastX || firstY > lastY) return Footprint{{}, nearest};
+    return Footprint{{firstX, firstY, lastX - firstX + 1, lastY - firstY + 1}, nearest};
 }
 
-/// Bounds of the cells of the rectangle that are not surely as near as that, in 1 / depth.
-PixelRect OcclusionBuffer::Uncovered(const PixelRect& pixels, float needed) const {
+bool OcclusionBuffer::Hides(const BoundingBox& box) const {
+    const auto footprint = FootprintOf(box);
+    return footprint && (footprint->pixels.width == 0 || Covers(*footprint));
+}
+
+PixelRect OcclusionBuffer::Showing(const BoundingBox& box) const {
+    const PixelRect everywhere{0, 0, width_, height_};
+    const auto footprint = FootprintOf(box);
+    if (!footprint) return everywhere;
+    const PixelRect& all = footprint->pixels;
+    if (all.width == 0) return {};
+    const PixelRect open = Uncovered(*footprint);
+    if (open.width == 0) return {};
+    const bool muchHidden = all.width * all.height - open.width * open.height > kMuchHidden;
+    return muchHidden ? open : everywhere;
+}
+
+/// Whether all cells of the footprint are surely nearer.
+bool OcclusionBuffer::Covers(const Footprint& footprint) const {
+    const PixelRect& pixels = footprint.pixels;
+    const int first = pixels.left / cell_;
+    const int last = (pixels.left + pixels.width - 1) / cell_;
+    for (int row = pixels.bottom / cell_; row <= (pixels.bottom + pixels.height - 1) / cell_;
+         ++row) {
+        const float* cells = &cells_[std::size_t(row) * columns_];
+        if (!AreNear(cells + first, last - first + 1, footprint.nearest)) return false;
+    }
+    return true;
+}
+
+/// Bounds of the footprint's cells that are not surely nearer.
+PixelRect OcclusionBuffer::Uncovered(const Footprint& footprint) const {
+    const auto& [pixels, needed] = footprint;
     const int first = pixels.left / cell_;
     const int last = (pixels.left + pixels.width - 1) / cell_;
     int left = last + 1, right = -1, bottom = -1, top = -1;
     for (int row = pixels.bottom / cell_; row <= (pixels.bottom + pixels.height - 1) / cell_;
          ++row) {
         const float* cells = &cells_[std::size_t(row) * columns_];
+        if (AreNear(cells + first, last - first + 1, needed)) continue;
         int from = first;
         while (from <= last && cells[from] >= needed) ++from;
-        if (from > last) continue;
         int to = last;
         while (cells[to] >= needed) --to;
         left = std::min(left, from);

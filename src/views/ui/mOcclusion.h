@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -33,10 +34,13 @@ class OcclusionBuffer {
     /// hides anything there, and the other functions must not be called.
     bool Start(const std::array<double, 16>& projection, int width, int height);
 
-    /// Pixels outside which nothing of a box can be seen. None when it is hidden, outside the view,
-    /// or too small to meet the middle of a pixel; the whole view when nothing much is hidden, so
-    /// that boxes share it.
-    PixelRect Showing(const Vec3& min, const Vec3& max) const;
+    /// Whether nothing of a box can be seen: it is hidden, outside the view, or too small to meet
+    /// the middle of a pixel.
+    bool Hides(const BoundingBox& box) const;
+
+    /// Pixels outside which nothing of a box can be seen. None when it is hidden; the whole view
+    /// when nothing much is hidden, so that boxes share it.
+    PixelRect Showing(const BoundingBox& box) const;
 
     /// Adds a closed convex solid: from now on it hides what lies behind it. The faces name the
     /// vertices.
@@ -56,7 +60,15 @@ class OcclusionBuffer {
         float left, right;
     };
 
-    PixelRect Uncovered(const PixelRect& pixels, float needed) const;
+    /// What a box may touch.
+    struct Footprint {
+        PixelRect pixels;
+        float nearest;  ///< 1 / depth that hides it
+    };
+
+    std::optional<Footprint> FootprintOf(const BoundingBox& box) const;
+    bool Covers(const Footprint& footprint) const;
+    PixelRect Uncovered(const Footprint& footprint) const;
     ClipPoint Project(double x, double y, double z) const;
     Slope InverseDepth(const PreviewFace& face, double eyeDistance) const;
     void GatherFront(std::span<const PreviewFace> faces);

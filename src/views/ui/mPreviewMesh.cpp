@@ -3,9 +3,21 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace korvane {
 namespace {
+
+/// Bounds beyond this say nothing reliable; world units.
+constexpr float kUnbounded = 1e6F;
+
+bool IsBounded(const BoundingBox& bounds) {
+    const auto inside = [](const Vec3& p) {
+        return std::abs(p.x) < kUnbounded && std::abs(p.y) < kUnbounded &&
+               std::abs(p.z) < kUnbounded;
+    };
+    return inside(bounds.min) && inside(bounds.max);
+}
 
 bool NamesVertices(const BrushFace& face, std::size_t vertexCount) {
     const auto inside = [&](std::int32_t index) {
@@ -24,11 +36,11 @@ void SetPlane(PreviewFace& face, const Vec3& a, const Vec3& b, const Vec3& c) {
     face.distance = double(n.x) * a.x + double(n.y) * a.y + double(n.z) * a.z;
 }
 
-void Include(PreviewBrush& brush, const Vec3& p) {
-    brush.min = {std::min(brush.min.x, p.x), std::min(brush.min.y, p.y),
-                 std::min(brush.min.z, p.z)};
-    brush.max = {std::max(brush.max.x, p.x), std::max(brush.max.y, p.y),
-                 std::max(brush.max.z, p.z)};
+void Include(BoundingBox& bounds, const Vec3& p) {
+    bounds.min = {std::min(bounds.min.x, p.x), std::min(bounds.min.y, p.y),
+                  std::min(bounds.min.z, p.z)};
+    bounds.max = {std::max(bounds.max.x, p.x), std::max(bounds.max.y, p.y),
+                  std::max(bounds.max.z, p.z)};
 }
 
 /// Builds one brush at the ends of two tables.
@@ -40,11 +52,9 @@ class BrushBuilder {
     PreviewBrush Build(const Brush& brush) {
         constexpr float kFar = std::numeric_limits<float>::infinity();
         PreviewBrush built;
-        built.revision = brush.revision;
         built.firstCorner = static_cast<std::uint32_t>(corners_.size());
         built.firstFace = static_cast<std::uint32_t>(faces_.size());
-        built.min = {kFar, kFar, kFar};
-        built.max = {-kFar, -kFar, -kFar};
+        built.bounds = {{kFar, kFar, kFar}, {-kFar, -kFar, -kFar}};
         previous_ = {};
         previousCount_ = 0;
         for (std::uint32_t number = 0; number < brush.faces.size(); ++number) {
@@ -65,7 +75,7 @@ class BrushBuilder {
         std::array<Vec3, 3> points;
         for (int i = 0; i < 3; ++i) {
             points[i] = brush.vertices[indices[i]].Position();
-            Include(built, points[i]);
+            Include(built.bounds, points[i]);
             const Vec3& normal = face.smooth == 1 ? face.cornerNormals[i] : face.normal;
             added.corners[i] = Place({face.uv[i], normal, points[i]});
             added.points[i] = static_cast<std::uint32_t>(indices[i]);
@@ -99,8 +109,27 @@ void BuildAll(PreviewMesh& mesh, const Scene& scene) {
     mesh.corners.clear();
     mesh.faces.clear();
     mesh.brushes.clear();
+    mesh.revisions.clear();
     BrushBuilder builder(mesh.corners, mesh.faces);
-    for (const Brush& brush : scene.brushes) mesh.brushes.push_back(builder.Build(brush));
+    for (const Brush& brush : scene.brushes) {
+        mesh.brushes.push_back(builder.Build(brush));
+        mesh.revisions.push_back(brush.revision);
+    }
+}
+
+void BuildTree(PreviewMesh& mesh) {
+    std::vector<BrushTree::Leaf> leaves;
+    mesh.loose.clear();
+    for (std::uint32_t b = 0; b < mesh.brushes.size(); ++b) {
+        const PreviewBrush& brush = mesh.brushes[b];
+        if (brush.faceCount == 0) continue;
+        if (IsBounded(brush.bounds)) {
+            leaves.push_back({brush.bounds, b});
+        } else {
+            mesh.loose.push_back(b);
+        }
+    }
+    mesh.tree.Build(std::move(leaves));
 }
 
 /// Builds the brush anew in its old place; false when it does not fit there.
@@ -130,8 +159,19 @@ void AddRange(std::vector<CornerRange>& ranges, const PreviewBrush& brush) {
 }
 
 /// Whether what was built for the brush still holds. A brush never touched has no stamp to tell by.
-bool IsCurrent(const PreviewBrush& built, const Brush& brush) {
-    return built.revision == brush.revision && brush.revision != 0;
+bool IsCurrent(std::uint64_t built, const Brush& brush) {
+    return built == brush.revision && brush.revision != 0;
+}
+
+/// Asks for a brush that is looked at soon: nearly all are only asked for their stamp, so the time
+/// goes by waiting for memory.
+void FetchAhead([[maybe_unused]] const Scene& scene, [[maybe_unused]] std::size_t index) {
+    constexpr std::size_t kAhead = 16;
+#ifdef __GNUC__
+    if (index + kAhead < scene.brushes.size()) {
+        __builtin_prefetch(&scene.brushes[index + kAhead].revision);
+    }
+#endif
 }
 
 }  // namespace
@@ -139,14 +179,23 @@ bool IsCurrent(const PreviewBrush& built, const Brush& brush) {
 std::vector<CornerRange> UpdatePreviewMesh(PreviewMesh& mesh, const Scene& scene) {
     std::vector<CornerRange> changed;
     bool fits = mesh.brushes.size() == scene.brushes.size();
-    for (std::size_t i = 0; fits && i < scene.brushes.size(); ++i) {
-        if (IsCurrent(mesh.brushes[i], scene.brushes[i])) continue;
-        fits = RebuildInPlace(mesh, mesh.brushes[i], scene.brushes[i]);
-        if (fits) AddRange(changed, mesh.brushes[i]);
+    bool treeHolds = true;
+    for (std::uint32_t i = 0; fits && i < scene.brushes.size(); ++i) {
+        FetchAhead(scene, i);
+        if (IsCurrent(mesh.revisions[i], scene.brushes[i])) continue;
+        PreviewBrush& brush = mesh.brushes[i];
+        fits = RebuildInPlace(mesh, brush, scene.brushes[i]);
+        if (!fits) break;
+        mesh.revisions[i] = scene.brushes[i].revision;
+        AddRange(changed, brush);
+        treeHolds = treeHolds && IsBounded(brush.bounds) && mesh.tree.Move(i, brush.bounds);
     }
-    if (fits) return changed;
-    BuildAll(mesh, scene);
-    return {{0, static_cast<std::uint32_t>(mesh.corners.size())}};
+    if (!fits) {
+        BuildAll(mesh, scene);
+        changed = {{0, static_cast<std::uint32_t>(mesh.corners.size())}};
+    }
+    if (!fits || !treeHolds || mesh.tree.IsWorn()) BuildTree(mesh);
+    return changed;
 }
 
 }  // namespace korvane

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "scene/Scene.h"
+#include "views/ui/mBrushTree.h"
 
 namespace korvane {
 
@@ -36,13 +38,11 @@ enum class Solid : std::uint8_t { NotAsked, No, Yes };
 
 /// Where a brush lies in the tables.
 struct PreviewBrush {
-    std::uint64_t revision = 0;
     std::uint32_t firstCorner = 0;
     std::uint32_t cornerRoom = 0;  ///< corners reserved
     std::uint32_t firstFace = 0;
     std::uint32_t faceCount = 0;
-    Vec3 min;  ///< bounds of the corners
-    Vec3 max;
+    BoundingBox bounds;         ///< of the corners
     bool hasInvisible = false;  ///< some face is invisible
     Solid solid = Solid::NotAsked;
 };
@@ -58,7 +58,15 @@ struct PreviewMesh {
     std::vector<PreviewCorner> corners;
     std::vector<PreviewFace> faces;
     std::vector<PreviewBrush> brushes;
+    std::vector<std::uint64_t> revisions;  ///< by brush: of what was built; all are read each frame
+    BrushTree tree;                        ///< of the brushes that have faces
+    std::vector<std::uint32_t> loose;  ///< brushes too far out, or too broken, to stand in the tree
 };
+
+/// The triangles of a brush.
+inline std::span<const PreviewFace> FacesOf(const PreviewMesh& mesh, const PreviewBrush& brush) {
+    return {mesh.faces.data() + brush.firstFace, brush.faceCount};
+}
 
 /// Brings the mesh in line with the scene, building only brushes whose revision changed, and tells
 /// which corners are new. A face that names a vertex the brush lacks is left out.

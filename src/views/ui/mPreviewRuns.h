@@ -2,15 +2,11 @@
 // state. No OpenGL call is made here.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <limits>
-#include <utility>
 #include <vector>
 
-#include "views/ui/mDrawOrder.h"
-#include "views/ui/mOcclusion.h"
-#include "views/ui/mPreviewMesh.h"
+#include "views/ui/mVisibleBrushes.h"
 
 namespace korvane {
 
@@ -34,22 +30,7 @@ struct PreviewRun {
 struct PreviewRuns {
     std::vector<std::uint32_t> corners;  ///< places in the mesh's corner table
     std::vector<PreviewRun> runs;
-    OcclusionBuffer occlusion;
-    DrawOrder order;
-    std::vector<DrawItem> items;  ///< the brushes that are drawn, in drawing order
-    std::vector<DrawItem> visible;
-    std::vector<std::pair<float, std::uint32_t>> nearFirst;  ///< depth, place in items
-};
-
-/// From where, and what, the frame looks at.
-struct PreviewView {
-    Vec3 eye;
-    /// Clip coordinates of a world point: column-major, as OpenGL stores them.
-    std::array<double, 16> projection{};
-    int width = 0;  ///< pixels; without any, nothing counts as hidden by something else
-    int height = 0;
-    bool showInvisible = true;
-    bool PickRendering = false;  ///< give the runs selection names
+    VisibleBrushes brushes;
 };
 
 /// Lists the triangles to draw. What they show is what all triangles in brush and face order would

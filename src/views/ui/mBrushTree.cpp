@@ -1,0 +1,85 @@
+#include "views/ui/mBrushTree.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+namespace {
+
+/// Brushes that are looked at one by one: fewer make more nodes than they save tests.
+constexpr std::uint32_t kMostLeaves = 10;
+
+void Include(BoundingBox& bounds, const BoundingBox& other) {
+    bounds.min = {std::min(bounds.min.x, other.min.x), std::min(bounds.min.y, other.min.y),
+                  std::min(bounds.min.z, other.min.z)};
+    bounds.max = {std::max(bounds.max.x, other.max.x), std::max(bounds.max.y, other.max.y),
+                  std::max(bounds.max.z, other.max.z)};
+}
+
+float Vec3::*WidestAxis(const BoundingBox& bounds) {
+    const Vec3 size = Difference(bounds.min, bounds.max);
+    if (size.x >= size.y && size.x >= size.z) return &Vec3::x;
+    return size.y >= size.z ? &Vec3::y : &Vec3::z;
+}
+
+}  // namespace
+
+void BrushTree::Build(std::vector<Leaf> leaves) {
+    leaves_ = std::move(leaves);
+    nodes_.clear();
+    moves_ = 0;
+    owners_.assign(leaves_.size(), 0);
+    std::uint32_t brushes = 0;
+    for (const Leaf& leaf : leaves_) brushes = std::max(brushes, leaf.brush + 1);
+    places_.assign(brushes, kNone);
+    if (leaves_.empty()) return;
+    nodes_.push_back({{}, kNone, 0, static_cast<std::uint32_t>(leaves_.size())});
+    // A node's children come after it, so the end of the list is reached when all are split.
+    for (std::uint32_t node = 0; node < nodes_.size(); ++node) Split(node);
+    for (std::uint32_t place = 0; place < leaves_.size(); ++place) {
+        places_[leaves_[place].brush] = place;
+    }
+}
+
+/// Fits the node, which holds brushes, and divides them among two nodes if they are many.
+void BrushTree::Split(std::uint32_t index) {
+    Fit(nodes_[index]);
+    const Node node = nodes_[index];
+    const auto begin = leaves_.begin() + node.first;
+    if (node.count <= kMostLeaves) {
+        std::fill_n(owners_.begin() + node.first, node.count, index);
+        return;
+    }
+    const std::uint32_t half = node.count / 2;
+    std::ranges::nth_element(begin, begin + half, begin + node.count, {},
+                             [axis = WidestAxis(node.bounds)](const Leaf& leaf) {
+                                 return leaf.bounds.min.*axis + leaf.bounds.max.*axis;
+                             });
+    nodes_[index].first = static_cast<std::uint32_t>(nodes_.size());
+    nodes_[index].count = 0;
+    nodes_.push_back({{}, index, node.first, half});
+    nodes_.push_back({{}, index, node.first + half, node.count - half});
+}
+
+/// Makes the box as small as what lies in it allows.
+void BrushTree::Fit(Node& node) const {
+    if (node.count == 0) {
+        node.bounds = nodes_[node.first].bounds;
+        Include(node.bounds, nodes_[node.first + 1].bounds);
+        return;
+    }
+    node.bounds = leaves_[node.first].bounds;
+    for (const Leaf& leaf : Leaves(node)) Include(node.bounds, leaf.bounds);
+}
+
+bool BrushTree::Move(std::uint32_t brush, const BoundingBox& bounds) {
+    if (brush >= places_.size() || places_[brush] == kNone) return false;
+    leaves_[places_[brush]].bounds = bounds;
+    for (auto node = owners_[places_[brush]]; node != kNone; node = nodes_[node].parent) {
+        Fit(nodes_[node]);
+    }
+    ++moves_;
+    return true;
+}
+
+}  // namespace korvane
