@@ -186,7 +186,6 @@ using CheckKind::Radio;
 using CheckKind::Toggle;
 using EnabledWhen::Always;
 using EnabledWhen::Clipboard;
-using EnabledWhen::NotYet;
 using EnabledWhen::RedoAvailable;
 using EnabledWhen::Selection;
 using EnabledWhen::TwoBrushes;
@@ -336,8 +335,6 @@ bool IsEnabled(const Command& command, const Editor& editor) {
             return editor.undo.UndoCount > 0;
         case RedoAvailable:
             return !editor.undo.redo.empty();
-        case NotYet:
-            return false;
     }
     return false;
 }

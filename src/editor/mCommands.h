@@ -17,8 +17,7 @@ enum class EnabledWhen {
     Clipboard,      ///< at least one brush was copied
     TwoBrushes,     ///< the object has at least two brushes
     UndoAvailable,  ///< there is a snapshot to go back to
-    RedoAvailable,  ///< there is one to go forth to
-    NotYet          ///< the capability is still to come; the entry stands there disabled
+    RedoAvailable   ///< there is one to go forth to
 };
 
 /// Checked state that a command shows in its menu item and tool button.
@@ -45,7 +44,7 @@ struct Command {
     EnabledWhen enabled;
     CheckKind check;
     bool (*checked)(const Editor&);  ///< null without a check
-    void (*run)(Editor&);            ///< null exactly for NotYet
+    void (*run)(Editor&);
     ToolButton button;
     bool separatorBefore = false;  ///< a separator stands before the menu item
 };

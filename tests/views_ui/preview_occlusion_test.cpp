@@ -70,6 +70,15 @@ class RandomScene {
             Touch(brush);
         }
     }
+    /// Puts some brushes elsewhere, one of them too far out to stand among the others.
+    void MoveSome() {
+        auto& brushes = stage_.editor.scene.brushes;
+        for (std::size_t i = 0; i < brushes.size(); i += 3) {
+            const float x = i == 0 ? 2e6F : Grid(8), z = Grid(8);
+            for (Vertex& vertex : brushes[i].vertices) vertex.x += x, vertex.z += z;
+            Touch(brushes[i]);
+        }
+    }
     Camera AnyCamera() {
         return {Number(-9, 9), Number(-2, 7), Number(-9, 9), Number(-50, 30), Number(0, 360), 0};
     }
@@ -128,6 +137,7 @@ TEST(PreviewOcclusionTest, PicturesOfScenesAtRandomEqualImmediateMode) {
             RandomScene scene(stage, seed);
             scene.Fill();
             for (int view = 0; view < 8; ++view) {
+                if (view == 4) scene.MoveSome();
                 stage.editor.settings.showInvisible = view % 2 == 0;
                 stage.editor.camera = scene.AnyCamera();
                 const QImage ours = stage.Render().copy();

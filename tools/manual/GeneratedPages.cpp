@@ -104,7 +104,6 @@ QString Needs(EnabledWhen when) {
         case EnabledWhen::RedoAvailable:
             return "a change taken back";
         case EnabledWhen::Always:
-        case EnabledWhen::NotYet:
             break;
     }
     return {};
