@@ -33,6 +33,11 @@ TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
              for (BrushFace& face : wall.faces) std::swap(face.a, face.b);
          },
          true},
+        {"the wall ends beyond all reason",
+         [](PreviewStage&, Brush& wall) {
+             for (Vertex& vertex : wall.vertices) vertex.x *= 1e6F;
+         },
+         true},
         {"inside the wall", [](PreviewStage& stage, Brush&) { stage.LookFrom(0, 0, 0.1F); }, true},
     };
     for (const auto& c : cases) {
@@ -46,6 +51,7 @@ TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
         stage.Render();
         const auto& items = stage.renderer.runs.brushes.Items();
         EXPECT_EQ(std::ranges::count(items, 1U, &DrawItem::brush), c.sent ? 1 : 0) << c.what;
+        EXPECT_EQ(std::ranges::count(items, 0U, &DrawItem::brush), 1) << c.what;
     }
 }
 
