@@ -3,9 +3,9 @@
 
 namespace korvane {
 
-/// Lets the program keep up to 64 MB of freed memory instead of handing it back to the system at
-/// once: every frame of the preview needs a few MB again, and getting them anew costs time. For
-/// the beginning of main. Does nothing where the C library has no such choice.
+/// Lets the program keep about 64 MB of freed memory instead of handing it back to the system at
+/// once: every frame of the preview needs a few MB again, and getting them anew costs time. Does
+/// nothing where the C library has no such choice.
 void KeepFreedMemory();
 
 }  // namespace korvane

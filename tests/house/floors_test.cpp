@@ -73,6 +73,7 @@ const std::map<std::string, std::set<std::string>>& AllowedSystemHeaders() {
         {"SaveFile.cpp", {"fcntl.h", "unistd.h", "sys/stat.h", "sys/types.h"}},
         {"Descriptor.h", {"unistd.h"}},
         {"LockedFile.cpp", {"fcntl.h", "sys/file.h", "sys/stat.h"}},
+        {"FreedMemory.cpp", {"malloc.h"}},
     };
     return allowed;
 }

@@ -35,6 +35,10 @@ namespace korvane::soak {
 constexpr const char* kSurfaces[] = {"view pbView0",     "view pbView1",     "view pbView2",
                                      "preview pbOpenGL", "preview pbOpenGL", "gauge pbDepth"};
 
+/// The sliders of the property panel, and the boxes that enable them.
+constexpr std::pair<const char*, const char*> kFaceSliders[] = {
+    {"hsRotate", "chkRotate"}, {"hsTransparent", "chkFlagTransparent"}};
+
 constexpr Qt::Key kKeys[] = {
     Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Left,   Qt::Key_Right,   Qt::Key_PageUp,
     Qt::Key_Home,   Qt::Key_End,       Qt::Key_Insert, Qt::Key_Delete,  Qt::Key_Escape,
@@ -203,7 +207,8 @@ class RandomUser {
         const int kind = dice_.Pick(1, 100);
         if (kind <= 42) return UseSurface(window);
         if (kind <= 70) return ChooseCommand(window);
-        if (kind <= 85) return UseControl(window);
+        if (kind <= 80) return UseControl(window);
+        if (kind <= 85) return UseFaceSlider(window);
         if (kind <= 98) return PressKeys(window);
         if (kind <= 99) return DropFile(window);
         announce_("window resize");
@@ -264,6 +269,18 @@ class RandomUser {
             return Drag(control, PointIn(control));
         const bool left = kind == "text" || dice_.Chance(95);
         Click(control, PointIn(control), left ? Qt::LeftButton : Qt::RightButton, Modifiers());
+    }
+
+    /// Works towards a slider of the faces: a brush must be selected, and the box beside it
+    /// checked.
+    void UseFaceSlider(frmMain& window) {
+        const auto& [slider, box] = dice_.OneOf(kFaceSliders);
+        auto* control = window.findChild<QWidget*>(slider);
+        if (!IsUsable(*control)) control = window.findChild<QWidget*>(box);
+        if (!IsUsable(*control)) return UseSurface(window);
+        announce_(WhatOf(*control));
+        if (KindOf(*control) == "slider") return Drag(*control, PointIn(*control));
+        Click(*control, PointIn(*control), Qt::LeftButton, {});
     }
 
     void TypeInto(QWidget& box) {

@@ -72,7 +72,7 @@ inline const char* const kDemanded[] = {
     "view: brushes", "view: selected brushes", "view: selected vertices",
     "view: places", "view: views", "view: marker", "gauge: depth range",
     "preview: camera", "preview: selected brushes", "keys: camera",
-    "button: mapping",
+    "button: mapping", "slider: mapping", "slider: flags of faces",
     "text: groups", "grip: split",
     "text: multiply", "button: brushes", "button: free rotation", "button: colours",
     "button: exported meshes", "button: selected brushes",

@@ -83,6 +83,20 @@ TEST_F(PreviewMeshTest, RunsChangeOnlyWithTheState) {
     EXPECT_EQ(corners, runs_.corners.size());
 }
 
+TEST_F(PreviewMeshTest, SceneOrderStaysInAPickAndWhereNothingCanHide) {
+    for (int i = 0; i < 60; ++i) Add(float(i * 37 % 60) * 2, 0);
+    for (const bool picking : {false, true}) {
+        PreviewView view;
+        view.projection[15] = 1;
+        view.PickRendering = picking;
+        UpdatePreviewMesh(mesh_, scene_);
+        GatherPreviewRuns(scene_, mesh_, view, runs_);
+        const auto& items = runs_.brushes.Items();
+        EXPECT_EQ(items.size(), 60U);
+        EXPECT_TRUE(std::ranges::is_sorted(items, {}, &DrawItem::brush)) << picking;
+    }
+}
+
 TEST_F(PreviewMeshTest, ABrushBeyondAnySideOfTheViewIsLeftOut) {
     const TextureSpace space{library_, 4};
     for (const Vec3& at : {Vec3{0, 0, 0}, Vec3{3, 0, 0}, Vec3{-3, 0, 0}, Vec3{0, 3, 0},

@@ -55,6 +55,24 @@ TEST(PreviewOcclusionTest, OnlyWhatIsSurelyHiddenIsLeftOut) {
     }
 }
 
+/// What sticks out from behind the wall by a few pixels, however far it reaches to the back: long
+/// boxes are where single precision ends.
+TEST(PreviewOcclusionTest, TheEndOfALongBoxShows) {
+    PreviewStage stage;
+    for (const float length : {10.0F, 1e3F, 1e4F, 1e5F, 9e5F}) {
+        for (int step = 1; step <= 60; ++step) {
+            ClearScene(stage.editor.scene);
+            stage.Add({-2, -2, 0}, {2, 2, 1});
+            const float out = 3.6F + float(step % 8) * 0.01F;  // at 3.6 the wall ends, from the eye
+            stage.Add({0, 0, -2.2F - length}, {out, 0.5F, -2.2F}, 1);
+            stage.LookFrom(0, 0, 5, float(step % 7) - 3, 15 - float(step) / 2);
+            const QImage ours = stage.Render().copy();
+            test::RenderImmediate(stage.context, stage.Shown());
+            EXPECT_EQ(ours, stage.context.frame) << length << ' ' << step;
+        }
+    }
+}
+
 /// A scene of everything that can stand in each other's way, some of it broken.
 class RandomScene {
   public:

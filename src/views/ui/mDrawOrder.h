@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "views/ui/mBrushTree.h"
+#include "views/ui/mBoundingBox.h"
 #include "views/ui/mOcclusion.h"
 
 namespace korvane {

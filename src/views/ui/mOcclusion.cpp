@@ -24,6 +24,10 @@ constexpr float kEdgeRoom = 1.0F / 64;
 constexpr float kDepthRoom = 5e-5F;
 constexpr float kDepthRounding = 1.00001F;
 
+/// A box longer than that many times its distance is not looked at: its nearest corners would be
+/// found by cancellation, with errors beyond the rooms above.
+constexpr float kMostExtent = 200;
+
 /// A point nearer to the near plane than this is taken to be cut off by it; clip coordinates.
 constexpr float kNearRoom = 1e-4F;
 
@@ -138,7 +142,8 @@ OcclusionBuffer::ClipPoint OcclusionBuffer::Project(double x, double y, double z
             apply(projection_[3])};
 }
 
-/// Nothing for a box that reaches the near plane: it may touch everything.
+/// Nothing for a box that reaches the near plane, or too far for its distance: it may touch
+/// everything.
 std::optional<OcclusionBuffer::Footprint> OcclusionBuffer::FootprintOf(
     const BoundingBox& bounds) const {
     const auto& [min, max] = bounds;
@@ -147,6 +152,7 @@ std::optional<OcclusionBuffer::Footprint> OcclusionBuffer::FootprintOf(
         {(max.x - min.x) / 2, (max.y - min.y) / 2, (max.z - min.z) / 2}};
     const float nearestDepth = Least(projection_[3], box);
     if (!(nearestDepth > 0) || !(Least(near_, box) > kNearRoom)) return std::nullopt;
+    if (box.half[0] + box.half[1] + box.half[2] > kMostExtent * nearestDepth) return std::nullopt;
     Corners x, y, w;
     SpreadCorners(projection_[0], box, x);
     SpreadCorners(projection_[1], box, y);
@@ -208,7 +214,7 @@ PixelRect OcclusionBuffer::Uncovered(const Footprint& footprint) const {
         const float* cells = &cells_[std::size_t(row) * columns_];
         if (AreNear(cells + first, last - first + 1, needed)) continue;
         int from = first;
-        while (from <= last && cells[from] >= needed) ++from;
+        while (cells[from] >= needed) ++from;
         int to = last;
         while (cells[to] >= needed) --to;
         left = std::min(left, from);

@@ -12,6 +12,7 @@
 #include <span>
 #include <vector>
 
+#include "views/ui/mBoundingBox.h"
 #include "views/ui/mPreviewMesh.h"
 
 namespace korvane {

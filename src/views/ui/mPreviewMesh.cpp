@@ -36,13 +36,6 @@ void SetPlane(PreviewFace& face, const Vec3& a, const Vec3& b, const Vec3& c) {
     face.distance = double(n.x) * a.x + double(n.y) * a.y + double(n.z) * a.z;
 }
 
-void Include(BoundingBox& bounds, const Vec3& p) {
-    bounds.min = {std::min(bounds.min.x, p.x), std::min(bounds.min.y, p.y),
-                  std::min(bounds.min.z, p.z)};
-    bounds.max = {std::max(bounds.max.x, p.x), std::max(bounds.max.y, p.y),
-                  std::max(bounds.max.z, p.z)};
-}
-
 /// Builds one brush at the ends of two tables.
 class BrushBuilder {
   public:
@@ -75,7 +68,7 @@ class BrushBuilder {
         std::array<Vec3, 3> points;
         for (int i = 0; i < 3; ++i) {
             points[i] = brush.vertices[indices[i]].Position();
-            Include(built.bounds, points[i]);
+            Include(built.bounds, {points[i], points[i]});
             const Vec3& normal = face.smooth == 1 ? face.cornerNormals[i] : face.normal;
             added.corners[i] = Place({face.uv[i], normal, points[i]});
             added.points[i] = static_cast<std::uint32_t>(indices[i]);
@@ -118,7 +111,7 @@ void BuildAll(PreviewMesh& mesh, const Scene& scene) {
 }
 
 void BuildTree(PreviewMesh& mesh) {
-    std::vector<BrushTree::Leaf> leaves;
+    std::vector<PreviewTree::Leaf> leaves;
     mesh.loose.clear();
     for (std::uint32_t b = 0; b < mesh.brushes.size(); ++b) {
         const PreviewBrush& brush = mesh.brushes[b];
@@ -130,6 +123,14 @@ void BuildTree(PreviewMesh& mesh) {
         }
     }
     mesh.tree.Build(std::move(leaves));
+}
+
+/// Tells the tree where a brush is now. False when the brush enters or leaves the tree.
+bool FollowInTree(PreviewMesh& mesh, std::uint32_t index) {
+    const PreviewBrush& brush = mesh.brushes[index];
+    if (brush.faceCount == 0) return true;
+    if (!IsBounded(brush.bounds)) return !mesh.tree.Holds(index);
+    return mesh.tree.Move(index, brush.bounds);
 }
 
 /// Builds the brush anew in its old place; false when it does not fit there.
@@ -188,7 +189,7 @@ std::vector<CornerRange> UpdatePreviewMesh(PreviewMesh& mesh, const Scene& scene
         if (!fits) break;
         mesh.revisions[i] = scene.brushes[i].revision;
         AddRange(changed, brush);
-        treeHolds = treeHolds && IsBounded(brush.bounds) && mesh.tree.Move(i, brush.bounds);
+        treeHolds = treeHolds && FollowInTree(mesh, i);
     }
     if (!fits) {
         BuildAll(mesh, scene);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "scene/Scene.h"
-#include "views/ui/mBrushTree.h"
+#include "views/ui/mPreviewTree.h"
 
 namespace korvane {
 
@@ -59,7 +59,7 @@ struct PreviewMesh {
     std::vector<PreviewFace> faces;
     std::vector<PreviewBrush> brushes;
     std::vector<std::uint64_t> revisions;  ///< by brush: of what was built; all are read each frame
-    BrushTree tree;                        ///< of the brushes that have faces
+    PreviewTree tree;                      ///< of the brushes that have faces
     std::vector<std::uint32_t> loose;  ///< brushes too far out, or too broken, to stand in the tree
 };
 

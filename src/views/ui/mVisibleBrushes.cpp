@@ -96,42 +96,42 @@ class VisibleBrushes::Search {
     }
 
   private:
-    std::span<const BrushTree::Node> Root() const { return mesh_.tree.Root(); }
+    std::span<const PreviewTree::Node> Root() const { return mesh_.tree.Root(); }
 
     PixelRect Everywhere() const { return {0, 0, view_.width, view_.height}; }
 
     /// Whether the node is hidden as a whole. Asked only of those that hold brushes: larger ones
     /// are seldom hidden, and cover many cells.
-    bool IsHidden(const BrushTree::Node& node) const {
+    bool IsHidden(const PreviewTree::Node& node) const {
         return node.count != 0 && own_.occlusion_.Hides(node.bounds);
     }
 
     /// Adds the brushes of the node that are in the view.
-    void AddAll(const BrushTree::Node& node) {
+    void AddAll(const PreviewTree::Node& node) {
         if (frustum_.Excludes(node.bounds)) return;
         for (const auto& child : mesh_.tree.Children(node)) AddAll(child);
-        for (const BrushTree::Leaf& leaf : mesh_.tree.Leaves(node)) {
+        for (const PreviewTree::Leaf& leaf : mesh_.tree.Leaves(node)) {
             if (!frustum_.Excludes(leaf.bounds)) AddItem(leaf, 0, Everywhere());
         }
     }
 
     /// Has what lies in the node looked at, nearest first, as far as it is in the view.
-    void AwaitContents(const BrushTree::Node& node) {
+    void AwaitContents(const PreviewTree::Node& node) {
         for (const auto& child : mesh_.tree.Children(node)) Await(child.bounds, &child);
-        for (const BrushTree::Leaf& leaf : mesh_.tree.Leaves(node)) {
+        for (const PreviewTree::Leaf& leaf : mesh_.tree.Leaves(node)) {
             Await(leaf.bounds, nullptr, &leaf);
         }
     }
 
-    void Await(const BoundingBox& bounds, const BrushTree::Node* node,
-               const BrushTree::Leaf* leaf = nullptr) {
+    void Await(const BoundingBox& bounds, const PreviewTree::Node* node,
+               const PreviewTree::Leaf* leaf = nullptr) {
         if (frustum_.Excludes(bounds)) return;
         own_.waiting_.push_back({NearestDepth(view_.projection, bounds), node, leaf});
         std::ranges::push_heap(own_.waiting_, std::ranges::greater(), &Waiting::depth);
     }
 
     /// Adds the brush if something of it shows, and has it hide what is behind it.
-    void LookAt(const BrushTree::Leaf& leaf, float depth) {
+    void LookAt(const PreviewTree::Leaf& leaf, float depth) {
         const PixelRect shown = own_.occlusion_.Showing(leaf.bounds);
         if (shown.width == 0) return;
         AddItem(leaf, depth, shown);
@@ -142,7 +142,7 @@ class VisibleBrushes::Search {
         }
     }
 
-    void AddItem(const BrushTree::Leaf& leaf, float depth, const PixelRect& shown) {
+    void AddItem(const PreviewTree::Leaf& leaf, float depth, const PixelRect& shown) {
         const std::int32_t texture = mesh_.faces[mesh_.brushes[leaf.brush].firstFace].texture;
         const bool selected = scene_.brushes[leaf.brush].selected;
         own_.items_.push_back(

@@ -37,8 +37,8 @@ class VisibleBrushes {
     /// A node of the tree, or a brush of it, that waits to be looked at.
     struct Waiting {
         float depth;
-        const BrushTree::Node* node;  ///< null for a brush
-        const BrushTree::Leaf* leaf;
+        const PreviewTree::Node* node;  ///< null for a brush
+        const PreviewTree::Leaf* leaf;
     };
 
     OcclusionBuffer occlusion_;

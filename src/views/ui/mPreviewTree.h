@@ -7,18 +7,12 @@
 #include <span>
 #include <vector>
 
-#include "scene/mVector.h"
+#include "views/ui/mBoundingBox.h"
 
 namespace korvane {
 
-/// A box along the axes.
-struct BoundingBox {
-    Vec3 min;
-    Vec3 max;
-};
-
 /// A binary tree of boxes that contain each other.
-class BrushTree {
+class PreviewTree {
   public:
     /// A box and what lies in it: two nodes, or a few brushes.
     struct Node {
@@ -40,6 +34,11 @@ class BrushTree {
     /// The boxes around it follow. A tree of which much has moved stays right but leaves out less,
     /// see IsWorn.
     bool Move(std::uint32_t brush, const BoundingBox& bounds);
+
+    /// Whether the tree holds the brush.
+    bool Holds(std::uint32_t brush) const {
+        return brush < places_.size() && places_[brush] != kNone;
+    }
 
     /// Whether as many brushes have moved as there are: time to build the tree anew.
     bool IsWorn() const { return moves_ > leaves_.size(); }

@@ -1,4 +1,4 @@
-#include "views/ui/mBrushTree.h"
+#include "views/ui/mPreviewTree.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,13 +9,6 @@ namespace {
 /// Brushes that are looked at one by one: fewer make more nodes than they save tests.
 constexpr std::uint32_t kMostLeaves = 10;
 
-void Include(BoundingBox& bounds, const BoundingBox& other) {
-    bounds.min = {std::min(bounds.min.x, other.min.x), std::min(bounds.min.y, other.min.y),
-                  std::min(bounds.min.z, other.min.z)};
-    bounds.max = {std::max(bounds.max.x, other.max.x), std::max(bounds.max.y, other.max.y),
-                  std::max(bounds.max.z, other.max.z)};
-}
-
 float Vec3::*WidestAxis(const BoundingBox& bounds) {
     const Vec3 size = Difference(bounds.min, bounds.max);
     if (size.x >= size.y && size.x >= size.z) return &Vec3::x;
@@ -24,7 +17,7 @@ float Vec3::*WidestAxis(const BoundingBox& bounds) {
 
 }  // namespace
 
-void BrushTree::Build(std::vector<Leaf> leaves) {
+void PreviewTree::Build(std::vector<Leaf> leaves) {
     leaves_ = std::move(leaves);
     nodes_.clear();
     moves_ = 0;
@@ -42,7 +35,7 @@ void BrushTree::Build(std::vector<Leaf> leaves) {
 }
 
 /// Fits the node, which holds brushes, and divides them among two nodes if they are many.
-void BrushTree::Split(std::uint32_t index) {
+void PreviewTree::Split(std::uint32_t index) {
     Fit(nodes_[index]);
     const Node node = nodes_[index];
     const auto begin = leaves_.begin() + node.first;
@@ -62,7 +55,7 @@ void BrushTree::Split(std::uint32_t index) {
 }
 
 /// Makes the box as small as what lies in it allows.
-void BrushTree::Fit(Node& node) const {
+void PreviewTree::Fit(Node& node) const {
     if (node.count == 0) {
         node.bounds = nodes_[node.first].bounds;
         Include(node.bounds, nodes_[node.first + 1].bounds);
@@ -72,9 +65,11 @@ void BrushTree::Fit(Node& node) const {
     for (const Leaf& leaf : Leaves(node)) Include(node.bounds, leaf.bounds);
 }
 
-bool BrushTree::Move(std::uint32_t brush, const BoundingBox& bounds) {
-    if (brush >= places_.size() || places_[brush] == kNone) return false;
-    leaves_[places_[brush]].bounds = bounds;
+bool PreviewTree::Move(std::uint32_t brush, const BoundingBox& bounds) {
+    if (!Holds(brush)) return false;
+    BoundingBox& own = leaves_[places_[brush]].bounds;
+    if (own == bounds) return true;
+    own = bounds;
     for (auto node = owners_[places_[brush]]; node != kNone; node = nodes_[node].parent) {
         Fit(nodes_[node]);
     }
