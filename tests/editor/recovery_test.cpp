@@ -133,6 +133,8 @@ struct EndCase {
     const char* what;
     void (*run)(RecoveryTest&);
     int boxes;
+
+    friend void PrintTo(const EndCase& end, std::ostream* out) { *out << end.what; }
 };
 
 const EndCase kEnds[] = {

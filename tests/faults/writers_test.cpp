@@ -80,6 +80,8 @@ struct Writer {
     void (*write)(Stage&, const std::string& target);
     const char* title = "Error!";  ///< null: told on standard error
     std::set<Step> without = {};   ///< steps that do not occur
+
+    friend void PrintTo(const Writer& writer, std::ostream* out) { *out << writer.what; }
 };
 
 constexpr const char* kUnable = "Error: Unable to save file!";
