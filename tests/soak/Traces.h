@@ -72,7 +72,7 @@ inline const char* const kDemanded[] = {
     "view: brushes", "view: selected brushes", "view: selected vertices",
     "view: places", "view: views", "view: marker", "gauge: depth range",
     "preview: camera", "preview: selected brushes", "keys: camera",
-    "button: mapping", "slider: mapping", "slider: flags of faces",
+    "button: mapping", "slider: mapping",
     "text: groups", "grip: split",
     "text: multiply", "button: brushes", "button: free rotation", "button: colours",
     "button: exported meshes", "button: selected brushes",
@@ -80,7 +80,7 @@ inline const char* const kDemanded[] = {
 };
 // What takes more luck: asked only of long runs.
 inline const char* const kDemandedLater[] = {
-    "preview: selected faces", "button: flags of faces", "text: mapping", "start restored",
+    "preview: selected faces", "button: flags of faces", "slider: flags of faces", "text: mapping", "start restored",
     "list: textures", "button: key map", "file .kvkm",
 };
 // clang-format on
