@@ -5,9 +5,12 @@
 #include <QApplication>
 #include <QImage>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "Compare.h"
 #include "support/ImmediatePreview.h"
@@ -70,16 +73,78 @@ int DifferentPixels(const QImage& a, const QImage& b) {
     return different;
 }
 
+/// Pixels in which the frame differs from the one in immediate mode.
+int DifferenceOfView(PreviewStage& stage) {
+    const QImage ours = stage.Render().copy();
+    korvane::test::RenderImmediate(stage.context, stage.Shown());
+    return DifferentPixels(ours, stage.context.frame);
+}
+
 /// A frame beside the same one in immediate mode.
 void BM_RenderPreview(benchmark::State& state) {
     PreviewStage& stage = StageOf(int(state.range(0)));
     LookFrom(stage, Place(state.range(1)), int(state.range(0)));
-    const QImage ours = stage.Render().copy();
-    korvane::test::RenderImmediate(stage.context, stage.Shown());
-    state.counters["different_pixels"] = DifferentPixels(ours, stage.context.frame);
+    state.counters["different_pixels"] = DifferenceOfView(stage);
     korvane::bench::Compare(
         state, [&] { stage.Render(); },
         [&] { korvane::test::RenderImmediate(stage.context, stage.Shown()); });
+}
+
+/// Milliseconds of a frame and of the same one in immediate mode: medians of a few.
+std::pair<double, double> TimesOfView(PreviewStage& stage) {
+    std::vector<double> ours, plain;
+    for (int i = 0; i < 3; ++i) {
+        plain.push_back(korvane::bench::Milliseconds(
+            [&] { korvane::test::RenderImmediate(stage.context, stage.Shown()); }));
+        ours.push_back(korvane::bench::Milliseconds([&] { stage.Render(); }));
+    }
+    return {korvane::bench::Median(ours), korvane::bench::Median(plain)};
+}
+
+/// Places between the boxes of the lattice: beside one wall, at an edge, and where three gaps
+/// cross, each with the headings of someone who turns about and looks up and down.
+std::vector<Camera> ViewsInside() {
+    constexpr float kPlaces[][3] = {
+        {0.2F, -0.2F, 0.3F}, {7.25F, 3.5F, -4}, {-7.75F, 0.5F, -7.75F}, {2.75F, 8.75F, -4.75F}};
+    std::vector<Camera> views;
+    for (const auto& [x, y, z] : kPlaces) {
+        for (const float pitch : {-10.0F, 25.0F, -50.0F}) {
+            for (const float yaw : {30.0F, 75.0F, 165.0F, 250.0F}) {
+                views.push_back({x, y, z, pitch, yaw, 0});
+            }
+        }
+    }
+    return views;
+}
+
+/// All views inside the scene, each beside immediate mode: "ratio" is of the whole time, "least"
+/// and "most" are those of single views. Times are of one frame.
+void BM_RenderPreviewAround(benchmark::State& state) {
+    PreviewStage& stage = StageOf(int(state.range(0)));
+    double own = 0, reference = 0, least = 1e9, most = 0;
+    const std::vector<Camera> views = ViewsInside();
+    int different = 0;
+    for (const Camera& view : views) {
+        stage.editor.camera = view;
+        different += DifferenceOfView(stage);
+    }
+    state.counters["different_pixels"] = different;
+    for (auto _ : state) {
+        double round = 0;
+        for (const Camera& view : views) {
+            stage.editor.camera = view;
+            const auto [ours, plain] = TimesOfView(stage);
+            round += ours;
+            reference += plain;
+            least = std::min(least, ours / plain);
+            most = std::max(most, ours / plain);
+        }
+        own += round;
+        state.SetIterationTime(round / 1000 / double(views.size()));
+    }
+    state.counters["ratio"] = own / reference;
+    state.counters["least"] = least;
+    state.counters["most"] = most;
 }
 
 /// A frame in which `moved` brushes changed beside one in which none did.
@@ -138,6 +203,13 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 }
 
 BENCHMARK(BM_RenderPreview)->Apply(Sizes);
+BENCHMARK(BM_RenderPreviewAround)
+    ->Arg(5000)
+    ->Arg(20000)
+    ->ArgName("boxes")
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK(BM_RenderPreviewWhileMoving)
     ->Args({5000, 1})
     ->Args({5000, 100})
